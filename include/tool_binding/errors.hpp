@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <exception>
+#include <string_view>
+#include <utility>
+
+#include "tool_binding/text.hpp"
+
+/// The errors of the layer. Each carries one message and copies it without allocating.
+///
+/// Two failures of other origin pass through every function of the layer: std::overflow_error for a number that no
+/// double can hold, and std::bad_alloc.
+namespace tool_binding {
+
+/// What all errors of the layer share.
+class Error : public std::exception {
+ public:
+  explicit Error(Text message) noexcept : message_(std::move(message)) {}
+
+  /// The whole message, zero-terminated. A name that holds a zero byte ends it early: `message()` does not.
+  [[nodiscard]] const char* what() const noexcept override { return message_.c_str(); }
+
+  /// The whole message, as long as this object lives.
+  [[nodiscard]] std::string_view message() const noexcept { return message_.view(); }
+
+ private:
+  Text message_;
+};
+
+/// A value of an accepted kind with content that is not.
+class ValueError : public Error {
+ public:
+  using Error::Error;
+};
+
+/// A value of a kind that is not accepted.
+class TypeError : public Error {
+ public:
+  using Error::Error;
+};
+
+/// A name that is not found.
+class LookupError : public Error {
+ public:
+  using Error::Error;
+};
+
+/// A key that a table does not hold: a tool that is not declared, or a type word that is none of the five.
+class KeyError : public LookupError {
+ public:
+  using LookupError::LookupError;
+};
+
+/// The arguments of a request that its tool cannot take. The message names every problem, joined by "; ", and says
+/// what to send instead.
+class ArgumentError : public ValueError {
+ public:
+  using ValueError::ValueError;
+};
+
+}  // namespace tool_binding

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <algorithm>
+#include <atomic>
+#include <cstddef>
+#include <initializer_list>
+#include <map>
+#include <memory>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "tool_binding/text.hpp"
+
+namespace tool_binding {
+
+/// An insertion-ordered map from name to `Mapped`, the map under `ArgumentMap` and `KeywordArguments`.
+///
+/// Setting a name that is already held replaces the value and leaves the entry in its place; any other name is
+/// appended. Entries stand in one contiguous block. Up to `searched_in_a_row` of them are searched one by one; in a
+/// larger map the first search makes an ordered index, so that n searches cost n log n whoever chose the names.
+/// Reading one map from several threads is safe, the making of that index included.
+template <class Mapped>
+class OrderedMap {
+ public:
+  struct Entry {
+    Text name;
+    Mapped value;
+
+    friend bool operator==(const Entry&, const Entry&) = default;
+  };
+  using const_iterator = typename std::vector<Entry>::const_iterator;
+
+  static constexpr std::size_t searched_in_a_row = 16;
+
+  OrderedMap() noexcept = default;
+  OrderedMap(std::initializer_list<Entry> entries) {
+    reserve(entries.size());
+    for (const Entry& entry : entries) {
+      set(entry.name, entry.value);
+    }
+  }
+  OrderedMap(const OrderedMap& other) : entries_(other.entries_) {}
+  OrderedMap(OrderedMap&& other) noexcept
+      : entries_(std::move(other.entries_)), index_(other.index_.exchange(nullptr)) {
+    other.entries_.clear();
+  }
+  OrderedMap& operator=(OrderedMap other) noexcept {
+    entries_.swap(other.entries_);
+    index_.store(other.index_.exchange(index_.load()));
+    return *this;
+  }
+  ~OrderedMap() { delete index_.load(std::memory_order_acquire); }
+
+  /// Makes room for `count` entries in all.
+  void reserve(std::size_t count) { entries_.reserve(count); }
+
+  /// Sets `name` to `value`: in its place where the map holds the name, else as the last entry.
+  void set(Text name, Mapped value) {
+    if (const std::size_t place = place_of(name); place != entries_.size()) {
+      entries_[place].value = std::move(value);
+      return;
+    }
+    append(std::move(name), std::move(value));
+  }
+
+  /// Appends an entry without a search. Precondition: the map does not hold `name`.
+  void append(Text name, Mapped value) {
+    entries_.push_back({std::move(name), std::move(value)});
+    if (Index* const index = index_.load(std::memory_order_relaxed); index != nullptr) {
+      try {
+        index->emplace(entries_.back().name, entries_.size() - 1);
+      } catch (...) {
+        entries_.pop_back();
+        throw;
+      }
+    }
+  }
+
+  /// Replaces the value of the entry at `place`. Precondition: `place` is below `size()`.
+  void replace_at(std::size_t place, Mapped value) { entries_[place].value = std::move(value); }
+
+  /// The value under `name`, null when there is none. The pointer lives until the map is changed.
+  [[nodiscard]] const Mapped* find(const Text& name) const {
+    const std::size_t place = place_of(name);
+    return place == entries_.size() ? nullptr : &entries_[place].value;
+  }
+  [[nodiscard]] bool contains(const Text& name) const { return find(name) != nullptr; }
+
+  [[nodiscard]] std::size_t size() const noexcept { return entries_.size(); }
+  [[nodiscard]] bool empty() const noexcept { return entries_.empty(); }
+  [[nodiscard]] const Entry& operator[](std::size_t place) const noexcept { return entries_[place]; }
+  [[nodiscard]] const_iterator begin() const noexcept { return entries_.begin(); }
+  [[nodiscard]] const_iterator end() const noexcept { return entries_.end(); }
+
+  /// Equal when both hold equal entries in the same order.
+  friend bool operator==(const OrderedMap& left, const OrderedMap& right) { return left.entries_ == right.entries_; }
+
+ private:
+  using Index = std::map<Text, std::size_t>;
+  friend struct detail::NodeAccess;
+
+  [[nodiscard]] std::size_t place_of(const Text& name) const {
+    if (entries_.size() > searched_in_a_row) {
+      const Index& index = made_index();
+      const auto found = index.find(name);
+      return found == index.end() ? entries_.size() : found->second;
+    }
+    const auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& e) { return e.name == name; });
+    return static_cast<std::size_t>(found - entries_.begin());
+  }
+
+  /// The index, made by whichever search comes first; of two made at once the later one is thrown away.
+  const Index& made_index() const {
+    if (const Index* const made = index_.load(std::memory_order_acquire); made != nullptr) {
+      return *made;
+    }
+    auto fresh = std::make_unique<Index>();
+    for (std::size_t place = 0; place < entries_.size(); ++place) {
+      fresh->emplace(entries_[place].name, place);
+    }
+    Index* expected = nullptr;
+    if (index_.compare_exchange_strong(expected, fresh.get(), std::memory_order_acq_rel)) {
+      return *fresh.release();
+    }
+    return *expected;
+  }
+
+  std::vector<Entry> entries_;
+  mutable std::atomic<Index*> index_{nullptr};
+};
+
+}  // namespace tool_binding

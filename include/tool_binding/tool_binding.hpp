@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "tool_binding/errors.hpp"
+#include "tool_binding/handler.hpp"
+#include "tool_binding/tool_registry.hpp"
+#include "tool_binding/value.hpp"
+
+/// The layer between a tool request and its handler: seven names, in the order in which a request meets them.
+///
+/// A request is admitted (`normalize_arguments`), bound (`bind_arguments`) and made into the keywords that its handler
+/// is called with (`handler_kwargs`). A handler asks `action_default` and `missing_arguments` for what the registry
+/// knows. All functions only read their inputs and the registry, return what is the caller's own, and may be called
+/// from any number of threads at once. Where a tool is given by name, KeyError says that `TOOLS` holds no such tool.
+namespace tool_binding {
+
+/// An admitted request: its arguments as the tool's handler takes them, and what was changed to get there. Immutable;
+/// may be moved from as a whole.
+class NormalizedArguments {
+ public:
+  explicit NormalizedArguments(ArgumentMap arguments, std::vector<std::string> notes = {},
+                               bool alias_hit = false) noexcept
+      : arguments_(std::move(arguments)), notes_(std::move(notes)), alias_hit_(alias_hit) {}
+
+  /// The arguments under their declared names and types, within their bounds, none of them null, in the order in which
+  /// admission stored them; the action's declared name under `ACTION_PARAM` for a tool with actions.
+  [[nodiscard]] const ArgumentMap& arguments() const noexcept { return arguments_; }
+
+  /// A line for each change that the caller should know of, in the order of the request's arguments.
+  [[nodiscard]] std::span<const std::string> notes() const noexcept { return notes_; }
+
+  /// Whether the request named a parameter or an action by a synonym.
+  [[nodiscard]] bool alias_hit() const noexcept { return alias_hit_; }
+
+  friend bool operator==(const NormalizedArguments&, const NormalizedArguments&) = default;
+
+ private:
+  ArgumentMap arguments_;
+  std::vector<std::string> notes_;
+  bool alias_hit_;
+};
+
+/// Admits one request. Throws ArgumentError with every problem of the request; KeyError also for a parameter whose type
+/// word is none of the five, and std::overflow_error for a number that no double can hold.
+[[nodiscard]] NormalizedArguments normalize_arguments(std::string_view tool, const ArgumentMap& arguments);
+[[nodiscard]] NormalizedArguments normalize_arguments(const ToolSpec& tool, const ArgumentMap& arguments);
+
+/// The refusal of a call that runs `action` (none: no action) and does not give what it needs, null when nothing is
+/// missing. `arguments` stand under declared names; blank text and empty lists count as not given.
+[[nodiscard]] std::optional<std::string> missing_arguments(std::string_view tool,
+                                                           std::optional<std::string_view> action,
+                                                           const ArgumentMap& arguments);
+
+/// Binds admitted arguments: the action first, for a tool with actions; then every declared parameter in the
+/// registry's order, with the request's value or its default; nothing else.
+[[nodiscard]] ArgumentMap bind_arguments(std::string_view tool, const ArgumentMap& arguments);
+[[nodiscard]] ArgumentMap bind_arguments(const ToolSpec& tool, const ArgumentMap& arguments);
+
+/// What a request that runs `action` and leaves the parameter `name` out gets. Throws LookupError for a name that the
+/// tool does not declare.
+[[nodiscard]] Value action_default(std::string_view tool, std::string_view name, std::string_view action);
+
+/// The keyword arguments for `handler`: every bound argument, then the items of `context` that the handler names, or
+/// all of them when it takes any keyword. An item replaces a bound argument of its name, in its place.
+[[nodiscard]] KeywordArguments handler_kwargs(const Handler& handler, const ArgumentMap& bound,
+                                              const KeywordArguments& context);
+
+}  // namespace tool_binding

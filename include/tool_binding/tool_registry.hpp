@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tool_binding/text.hpp"
+#include "tool_binding/value.hpp"
+
+/// The registry: the one table of the tools that a daemon offers.
+///
+/// A daemon fills `TOOLS` at start-up, before its first request; afterwards the registry is only read, from any number
+/// of threads, and nothing is locked. Records are shared by every request and live as long as the process.
+namespace tool_binding {
+
+/// The argument name under which a request names its action.
+inline constexpr std::string_view ACTION_PARAM = "action";
+
+/// The argument name that carries the repository's root. Admission drops it, as it drops "repo".
+inline constexpr std::string_view REPO_ROOT_ARGUMENT = "repo_root";
+
+/// One declared parameter, a plain record for designated initializers.
+struct ParamSpec {
+  /// The name under which admitted and bound arguments carry the parameter.
+  Text name;
+  /// The type word: "integer", "number", "boolean", "string" or "array". With any other word a request that gives the
+  /// parameter fails with KeyError.
+  Text type;
+  /// Other names that a request may use.
+  std::vector<Text> synonyms = {};
+  /// For people and advertised schemas.
+  Text description = {};
+  /// The type word of an array's items; none leaves items as they come. Only "string" has an effect.
+  std::optional<Text> items_type = {};
+  /// The values that the parameter allows, as they are handed to the handler; matched without regard to case. Empty
+  /// for a parameter that is no enumeration.
+  std::vector<Text> enum_ = {};
+  /// Inclusive bounds, an integer or a floating number each; null for none. A number beyond one is brought to it. With
+  /// a bound that is no number, a request that gives the parameter fails with TypeError.
+  Value minimum = {};
+  Value maximum = {};
+  /// What a request that leaves the parameter out gets.
+  Value default_ = {};
+  /// Defaults that differ by action, by action name. When not empty, binding gives null for a parameter left out, and
+  /// the handler asks `action_default`.
+  ArgumentMap action_defaults = {};
+  /// Whether every call needs the parameter.
+  bool required = false;
+  /// The actions whose calls need the parameter.
+  std::vector<Text> required_for = {};
+  /// Whether blank text is a value, rather than the parameter left out.
+  bool blank_is_value = false;
+
+  /// Whether a call that runs `action` needs this parameter; no action stands for a call that runs none.
+  [[nodiscard]] bool required_by(std::optional<std::string_view> action) const noexcept;
+};
+
+/// One declared action, a plain record for designated initializers.
+struct ActionSpec {
+  Text name;
+  std::vector<Text> synonyms = {};
+  Text description = {};
+};
+
+/// What a tool is declared with; a plain record for designated initializers, made into a `ToolSpec`.
+struct ToolDeclaration {
+  Text name;
+  Text description = {};
+  std::vector<ActionSpec> actions = {};
+  /// The action of a request that names none; no value for a tool without such an action.
+  std::optional<Text> default_action = {};
+  std::vector<ParamSpec> params = {};
+};
+
+namespace detail {
+struct PreparedTool;
+}
+
+/// The record of one tool, immutable, copied without copying its content. Making one indexes its names, so that no
+/// request searches a list. Everything that it hands out lives as long as any copy of the record.
+class ToolSpec {
+ public:
+  /// Throws std::bad_alloc only: what is doubtful in a declaration is for a check of the whole registry to say.
+  explicit ToolSpec(ToolDeclaration declaration);
+
+  [[nodiscard]] const Text& name() const noexcept;
+  [[nodiscard]] const Text& description() const noexcept;
+
+  /// The parameters in declared order, and their names in the same order.
+  [[nodiscard]] std::span<const ParamSpec> params() const noexcept;
+  [[nodiscard]] std::span<const Text> param_names() const noexcept;
+
+  /// The actions in declared order, and their names in the same order.
+  [[nodiscard]] std::span<const ActionSpec> actions() const noexcept;
+  [[nodiscard]] std::span<const Text> action_names() const noexcept;
+  [[nodiscard]] const std::optional<Text>& default_action() const noexcept;
+
+  /// The parameter that `name` denotes, null when there is none: exact and case-sensitive, a declared name before a
+  /// synonym, of two synonyms the earlier parameter's.
+  [[nodiscard]] const ParamSpec* param(const Text& name) const noexcept;
+
+  /// The action that `value` names, null when there is none. Only text names an action: a declared name that equals it,
+  /// else the first action whose name or synonym equals it once white space is stripped and case ignored.
+  [[nodiscard]] const ActionSpec* action(const Value& value) const;
+
+  /// The refusal of an action that the tool does not declare.
+  [[nodiscard]] std::string unknown_action_error(const Value& value) const;
+
+  /// What was worked out from the declaration when the record was made; for the layer itself.
+  [[nodiscard]] const detail::PreparedTool& prepared() const noexcept { return *prepared_; }
+
+ private:
+  std::shared_ptr<const detail::PreparedTool> prepared_;
+};
+
+/// The tools by name, in the order in which they were declared.
+class ToolTable {
+ public:
+  ToolTable() noexcept;
+  ~ToolTable();
+  ToolTable(const ToolTable&) = delete;
+  ToolTable& operator=(const ToolTable&) = delete;
+
+  /// Adds a tool. Throws ValueError when the table holds the name already. Not to be called once requests are answered.
+  const ToolSpec& add(ToolSpec tool);
+  const ToolSpec& add(ToolDeclaration tool) { return add(ToolSpec(std::move(tool))); }
+
+  /// The tool of that name. Throws KeyError when there is none.
+  [[nodiscard]] const ToolSpec& operator[](std::string_view name) const;
+
+  /// The tool of that name, null when there is none.
+  [[nodiscard]] const ToolSpec* find(std::string_view name) const noexcept;
+
+  [[nodiscard]] std::span<const ToolSpec> all() const noexcept;
+
+ private:
+  struct Content;
+  std::unique_ptr<Content> content_;
+};
+
+/// The registry of this process.
+extern ToolTable TOOLS;
+
+}  // namespace tool_binding

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tool_binding/detail/cell.hpp"
+#include "tool_binding/integer.hpp"
+#include "tool_binding/ordered_map.hpp"
+#include "tool_binding/text.hpp"
+
+namespace tool_binding {
+
+class Value;
+
+/// The arguments of a request by name, in their order; also the content of a mapping value.
+using ArgumentMap = OrderedMap<Value>;
+
+/// The seven kinds of a value. A boolean is never an integer, and an integer never a floating number.
+enum class Kind : std::uint8_t { null, boolean, integer, floating, text, list, mapping };
+
+/// A dynamic value as a request carries it, immutable, 16 bytes.
+///
+/// Null, booleans, 64-bit integers, doubles and texts of up to 15 bytes stand in the object itself. Longer texts, wider
+/// integers, lists and mappings stand in shared immutable nodes, so that a copy costs the same whatever it holds.
+/// Values may be nested to any depth: destroying, comparing and writing one does not recurse. Copies may be used from
+/// different threads; one object that is assigned to needs its owner's care, as any other.
+class Value {
+ public:
+  /// Null.
+  Value() noexcept : cell_(detail::Tag::null) {}
+  Value(std::nullptr_t) noexcept : Value() {}  // NOLINT(google-explicit-constructor)
+
+  template <std::same_as<bool> Boolean>
+  Value(Boolean value) noexcept  // NOLINT(google-explicit-constructor)
+      : cell_(detail::Tag::boolean, std::uint64_t{value}) {}
+  template <std::floating_point Number>
+  Value(Number value) noexcept  // NOLINT(google-explicit-constructor)
+      : cell_(detail::Tag::floating, static_cast<double>(value)) {}
+  template <std::integral Number>
+  requires(!std::same_as<Number, bool>) Value(Number value)
+      : Value(Integer(value)) {}                                // NOLINT(google-explicit-constructor)
+  Value(const Integer& value) noexcept : cell_(value.cell_) {}  // NOLINT(google-explicit-constructor)
+  Value(const Text& value) noexcept : cell_(value.cell_) {}     // NOLINT(google-explicit-constructor)
+  template <class Bytes>
+  requires std::convertible_to<const Bytes&, std::string_view> &&(!std::same_as<Bytes, Text>)Value(const Bytes& bytes)
+      : cell_(std::string_view(bytes)) {}  // NOLINT(google-explicit-constructor)
+
+  /// A list of `items`, in their order.
+  Value(std::vector<Value> items);  // NOLINT(google-explicit-constructor)
+  /// A mapping with the entries of `entries`, in their order.
+  Value(ArgumentMap entries);  // NOLINT(google-explicit-constructor)
+
+  Value(const Value&) noexcept = default;
+  Value(Value&& other) noexcept : cell_(other.cell_, detail::Tag::null) {}
+  Value& operator=(Value other) noexcept {
+    cell_.swap(other.cell_);
+    return *this;
+  }
+  ~Value() = default;
+
+  [[nodiscard]] Kind kind() const noexcept;
+  [[nodiscard]] bool is_null() const noexcept { return cell_.tag() == detail::Tag::null; }
+  [[nodiscard]] bool is_boolean() const noexcept { return cell_.tag() == detail::Tag::boolean; }
+  [[nodiscard]] bool is_integer() const noexcept {
+    return cell_.tag() == detail::Tag::integer || cell_.tag() == detail::Tag::integer_node;
+  }
+  [[nodiscard]] bool is_floating() const noexcept { return cell_.tag() == detail::Tag::floating; }
+  [[nodiscard]] bool is_text() const noexcept { return cell_.holds_text(); }
+  [[nodiscard]] bool is_list() const noexcept { return cell_.tag() == detail::Tag::list_node; }
+  [[nodiscard]] bool is_mapping() const noexcept { return cell_.tag() == detail::Tag::mapping_node; }
+
+  /// The content. Each throws TypeError where the value is of another kind. Views and references live as long as this
+  /// object is neither assigned to, moved nor destroyed.
+  [[nodiscard]] bool boolean() const;
+  [[nodiscard]] Integer integer() const;
+  [[nodiscard]] double floating() const;
+  [[nodiscard]] std::string_view text() const;
+  [[nodiscard]] Text shared_text() const;
+  [[nodiscard]] std::span<const Value> list() const;
+  [[nodiscard]] const ArgumentMap& mapping() const;
+
+  /// Equal kinds and equal contents: the integer 5 and the floating number 5.0 differ, floating numbers compare as
+  /// IEEE 754 has it (a NaN equals nothing), mappings are equal when they hold equal entries in the same order.
+  /// Throws std::bad_alloc when no memory is left for the comparison of nested values.
+  friend bool operator==(const Value& left, const Value& right);
+
+ private:
+  friend class KeywordArgument;
+  friend struct detail::NodeAccess;
+  explicit Value(const detail::Cell& cell) noexcept : cell_(cell) {}
+  void require(bool holds, const char* wanted) const;
+
+  detail::Cell cell_;
+};
+
+static_assert(sizeof(Value) == 16);
+
+/// The plain form: how a message, or a list of texts, inserts a value as text. A text stands unchanged, 5.0 is "5.0",
+/// true "True", null "None", a list "[1, 'a']", a mapping "{'a': 1}". Floating numbers take the fewest digits that read
+/// back as the same double (IEEE 754).
+[[nodiscard]] Text plain_form(const Value& value);
+
+/// The quoted form: how a message shows a value as it was sent. A text stands between quotes with what cannot be
+/// printed escaped; any other value as in its plain form.
+[[nodiscard]] std::string quoted_form(const Value& value);
+
+}  // namespace tool_binding
