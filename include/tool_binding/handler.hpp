@@ -46,11 +46,12 @@ class KeywordArgument {
   }
 
   /// Two bound arguments compare as values; a context item equals its own copies only.
-  friend bool operator==(const KeywordArgument& left, const KeywordArgument& right);
+  friend bool operator==(const KeywordArgument& left, const KeywordArgument& right) { return left.equals(right); }
 
  private:
   KeywordArgument(std::shared_ptr<const volatile void> item, std::type_index type);
   [[nodiscard]] void* item_of(std::type_index type) const;
+  [[nodiscard]] bool equals(const KeywordArgument& other) const;
 
   Value held_;
 };

@@ -88,6 +88,13 @@ class OrderedMap {
   }
   [[nodiscard]] bool contains(const Text& name) const { return find(name) != nullptr; }
 
+  /// The place of the entry of that name, `size()` when there is none: found one by one in any map, for the few
+  /// searches that do not pay for an index.
+  [[nodiscard]] std::size_t place_in_a_row(const Text& name) const noexcept {
+    const auto found = std::find_if(begin(), end(), [&](const Entry& entry) { return entry.name == name; });
+    return static_cast<std::size_t>(found - begin());
+  }
+
   [[nodiscard]] std::size_t size() const noexcept { return entries_.size(); }
   [[nodiscard]] bool empty() const noexcept { return entries_.empty(); }
   [[nodiscard]] const Entry& operator[](std::size_t place) const noexcept { return entries_[place]; }
@@ -102,13 +109,12 @@ class OrderedMap {
   friend struct detail::NodeAccess;
 
   [[nodiscard]] std::size_t place_of(const Text& name) const {
-    if (entries_.size() > searched_in_a_row) {
-      const Index& index = made_index();
-      const auto found = index.find(name);
-      return found == index.end() ? entries_.size() : found->second;
+    if (entries_.size() <= searched_in_a_row) {
+      return place_in_a_row(name);
     }
-    const auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& e) { return e.name == name; });
-    return static_cast<std::size_t>(found - entries_.begin());
+    const Index& index = made_index();
+    const auto found = index.find(name);
+    return found == index.end() ? entries_.size() : found->second;
   }
 
   /// The index, made by whichever search comes first; of two made at once the later one is thrown away.

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "tool_binding/text.hpp"
@@ -121,14 +122,16 @@ class ToolSpec {
 /// The tools by name, in the order in which they were declared.
 class ToolTable {
  public:
-  ToolTable() noexcept;
+  /// An empty table, usable before any other static object of the program is made.
+  constexpr ToolTable() noexcept = default;
   ~ToolTable();
   ToolTable(const ToolTable&) = delete;
   ToolTable& operator=(const ToolTable&) = delete;
 
-  /// Adds a tool. Throws ValueError when the table holds the name already. Not to be called once requests are answered.
-  const ToolSpec& add(ToolSpec tool);
-  const ToolSpec& add(ToolDeclaration tool) { return add(ToolSpec(std::move(tool))); }
+  /// Adds a tool. Throws ValueError when the table holds the name already. Ends the life of references that the table
+  /// has handed out, and is not to be called once requests are answered.
+  void add(ToolSpec tool);
+  void add(ToolDeclaration tool) { add(ToolSpec(std::move(tool))); }
 
   /// The tool of that name. Throws KeyError when there is none.
   [[nodiscard]] const ToolSpec& operator[](std::string_view name) const;
@@ -140,7 +143,7 @@ class ToolTable {
 
  private:
   struct Content;
-  std::unique_ptr<Content> content_;
+  Content* content_ = nullptr;  ///< owned; made by the first `add`
 };
 
 /// The registry of this process.

@@ -107,6 +107,9 @@ class Cell {
     std::memcpy(other.bytes_, kept, sizeof bytes_);
   }
 
+  /// Becomes null without giving the node's reference back. Precondition: `holds_node()`.
+  void forget_node() noexcept { set_tag(Tag::null); }
+
   [[nodiscard]] Tag tag() const noexcept { return static_cast<Tag>(bytes_[15]); }
   [[nodiscard]] bool holds_node() const noexcept { return (bytes_[15] & 0x80U) != 0; }
   [[nodiscard]] bool holds_text() const noexcept { return bytes_[15] <= inline_text_size || tag() == Tag::text_node; }

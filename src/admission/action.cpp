@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include <utility>
+
+#include "admission/near_names.hpp"
+#include "admission/normalizing.hpp"
+#include "registry/effective_action.hpp"
+#include "values/forms.hpp"
+#include "values/joined.hpp"
+
+namespace tool_binding {
+
+namespace {
+
+/// The registry's refusal of an action, with the nearest declared one when one is near.
+std::string _unknown_action(const ToolSpec& spec, const Value& action) {
+  std::string error = spec.unknown_action_error(action);
+  if (const Text* const near = _nearest(plain_form(action), spec.prepared().near_actions)) {
+    error.append(". Did you mean '").append(*near).append("'?");
+  }
+  return error;
+}
+
+}  // namespace
+
+void Normalizing::_take_action(const Value& value) {
+  const ActionSpec* const action = spec.action(value);
+  if (action == nullptr) {
+    _action_refused = true;
+    problems.push_back(spec.actions().empty() ? std::string(spec.name()).append(" takes no 'action'")
+                                              : _unknown_action(spec, value));
+    return;
+  }
+  if (!value.is_text() || action->name != value.text()) {
+    alias_hit = true;
+    std::string note("the action '");
+    append_plain_form(note, value);
+    notes.push_back(note.append("' was read as '").append(action->name).append("'"));
+  }
+  _store(prepared.action_slot, ACTION_PARAM, action->name);
+}
+
+/// The action that the request runs: the one it names, else the tool's default. Null when there is none, or when the
+/// named one was refused.
+std::optional<Text> Normalizing::_action() {
+  const bool has_slot = prepared.action_slot != detail::NameIndex::absent;
+  if (has_slot && slots[prepared.action_slot].stored()) {
+    return plain_form(arguments[slots[prepared.action_slot].place - 1].value);
+  }
+  if (_action_refused) {
+    return std::nullopt;
+  }
+  if (const Value action = detail::effective_action(spec, {}); action.is_text()) {
+    if (has_slot) {
+      _store(prepared.action_slot, ACTION_PARAM, action);
+    } else {
+      arguments.append(ACTION_PARAM, action);
+    }
+    return action.shared_text();
+  }
+  if (!spec.actions().empty()) {
+    std::string problem(spec.name());
+    problem.append(" needs an 'action': one of ");
+    append_joined(problem, spec.action_names(), ", ");
+    problems.push_back(std::move(problem));
+  }
+  return std::nullopt;
+}
+
+}  // namespace tool_binding

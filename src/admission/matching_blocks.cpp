@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "admission/matching_blocks.hpp"
+
+#include <algorithm>
+
+namespace tool_binding {
+
+namespace {
+
+/// A word of this many code points or more has popular characters: those that make up more than a hundredth of it.
+constexpr std::size_t popular_from = 200;
+
+}  // namespace
+
+MatchingBlocks::MatchingBlocks(std::u32string_view word, std::pmr::memory_resource* memory)
+    : word_(word), pending_(memory), runs_(memory), popular_(memory) {}
+
+std::size_t MatchingBlocks::matched(std::u32string_view candidate) {
+  if (runs_.empty()) {
+    runs_.resize(word_.size() + 1);
+    find_popular();
+  }
+  std::size_t sum = 0;
+  push_unless_empty({0, candidate.size(), 0, word_.size()});
+  while (!pending_.empty()) {
+    const Ranges ranges = pending_.back();
+    pending_.pop_back();
+    const Block block = widened(candidate, ranges, longest_block(candidate, ranges));
+    if (block.size == 0) {
+      continue;
+    }
+    sum += block.size;
+    push_unless_empty({ranges.first_begin, block.first, ranges.second_begin, block.second});
+    push_unless_empty({block.first + block.size, ranges.first_end, block.second + block.size, ranges.second_end});
+  }
+  return sum;
+}
+
+/// Of the longest blocks the one that starts earliest in the candidate, and of those the earliest in the word.
+MatchingBlocks::Block MatchingBlocks::longest_block(std::u32string_view candidate, const Ranges& ranges) {
+  Block best = {ranges.first_begin, ranges.second_begin, 0};
+  const auto runs_begin = runs_.begin() + static_cast<std::ptrdiff_t>(ranges.second_begin);
+  std::fill(runs_begin, runs_.begin() + static_cast<std::ptrdiff_t>(ranges.second_end) + 1, 0);
+  for (std::size_t first = ranges.first_begin; first < ranges.first_end; ++first) {
+    const char32_t character = candidate[first];
+    const bool is_popular = std::binary_search(popular_.begin(), popular_.end(), character);
+    std::size_t run_before = 0;  // the run that ended one place earlier in both
+    for (std::size_t second = ranges.second_begin; second < ranges.second_end; ++second) {
+      const std::size_t run = !is_popular && word_[second] == character ? run_before + 1 : 0;
+      run_before = runs_[second + 1];
+      runs_[second + 1] = run;
+      if (run > best.size) {
+        best = {first + 1 - run, second + 1 - run, run};
+      }
+    }
+  }
+  return best;
+}
+
+/// The block with the equal characters on both of its sides, popular ones included.
+MatchingBlocks::Block MatchingBlocks::widened(std::u32string_view candidate, const Ranges& ranges, Block block) const {
+  while (block.first > ranges.first_begin && block.second > ranges.second_begin &&
+         candidate[block.first - 1] == word_[block.second - 1]) {
+    --block.first;
+    --block.second;
+    ++block.size;
+  }
+  while (block.first + block.size < ranges.first_end && block.second + block.size < ranges.second_end &&
+         candidate[block.first + block.size] == word_[block.second + block.size]) {
+    ++block.size;
+  }
+  return block;
+}
+
+void MatchingBlocks::push_unless_empty(const Ranges& ranges) {
+  if (ranges.first_begin < ranges.first_end && ranges.second_begin < ranges.second_end) {
+    pending_.push_back(ranges);
+  }
+}
+
+void MatchingBlocks::find_popular() {
+  if (word_.size() < popular_from) {
+    return;
+  }
+  std::pmr::vector<char32_t> sorted(word_.begin(), word_.end(), popular_.get_allocator());
+  std::sort(sorted.begin(), sorted.end());
+  for (auto run = sorted.begin(); run != sorted.end();) {
+    const auto run_end = std::upper_bound(run, sorted.end(), *run);
+    if (static_cast<std::size_t>(run_end - run) > word_.size() / 100 + 1) {
+      popular_.push_back(*run);
+    }
+    run = run_end;
+  }
+}
+
+}  // namespace tool_binding

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <memory_resource>
+#include <string_view>
+#include <vector>
+
+namespace tool_binding {
+
+/// Gestalt pattern matching (Ratcliff and Obershelp) of candidates with one word: the longest block that both have in
+/// common, then the same to its left and to its right.
+class MatchingBlocks {
+ public:
+  /// `word` outlives the object. Memory is taken when the first candidate is matched, not before.
+  MatchingBlocks(std::u32string_view word, std::pmr::memory_resource* memory);
+
+  /// The number of code points in the blocks that `candidate`, as the first sequence, and the word have in common.
+  [[nodiscard]] std::size_t matched(std::u32string_view candidate);
+
+ private:
+  /// A range of the candidate and a range of the word, each without its end.
+  struct Ranges {
+    std::size_t first_begin, first_end;
+    std::size_t second_begin, second_end;
+  };
+
+  /// A run of the candidate that equals a run of the word.
+  struct Block {
+    std::size_t first, second, size;
+  };
+
+  [[nodiscard]] Block longest_block(std::u32string_view candidate, const Ranges& ranges);
+  [[nodiscard]] Block widened(std::u32string_view candidate, const Ranges& ranges, Block block) const;
+  void push_unless_empty(const Ranges& ranges);
+  void find_popular();
+
+  std::u32string_view word_;
+  std::pmr::vector<Ranges> pending_;
+  std::pmr::vector<std::size_t> runs_;  ///< by place in the word, from 1: the common run that ends there
+  std::pmr::vector<char32_t> popular_;  ///< characters that no run passes through, sorted
+};
+
+}  // namespace tool_binding

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "admission/missing.hpp"
+#include "admission/normalizing.hpp"
+#include "text/white_space.hpp"
+#include "values/joined.hpp"
+
+namespace tool_binding {
+
+namespace {
+
+/// Arguments that say where a request goes. They are never the tool's own.
+constexpr std::array<std::string_view, 2> ROUTING_PARAMS = {REPO_ROOT_ARGUMENT, "repo"};
+
+bool is_routing_param(const Text& name) noexcept {
+  return std::find(ROUTING_PARAMS.begin(), ROUTING_PARAMS.end(), name.view()) != ROUTING_PARAMS.end();
+}
+
+}  // namespace
+
+NormalizedArguments normalize_arguments(std::string_view tool, const ArgumentMap& arguments) {
+  return normalize_arguments(TOOLS[tool], arguments);
+}
+
+NormalizedArguments normalize_arguments(const ToolSpec& tool, const ArgumentMap& arguments) {
+  Normalizing state(tool, arguments.size());
+  for (const auto& [name, value] : arguments) {
+    state.take(name, value);
+  }
+  return state.result();
+}
+
+Normalizing::Normalizing(const ToolSpec& tool, std::size_t argument_count)
+    : spec(tool), prepared(tool.prepared()), slots(prepared.bound_defaults.size()) {
+  arguments.reserve(std::min(argument_count + 1, prepared.bound_defaults.size()));
+}
+
+void Normalizing::take(const Text& name, const Value& value) {
+  if (value.is_null() || is_routing_param(name)) {
+    return;
+  }
+  if (name == ACTION_PARAM) {
+    if (!value.is_text() || !text::is_blank(value.text())) {
+      _take_action(value);
+    }
+    return;
+  }
+  const Param* const param = prepared.param(name);
+  if (param == nullptr) {
+    problems.push_back(_unknown_parameter(name));
+    return;
+  }
+  if (value.is_text() && !_given(*param->spec, value)) {
+    return;
+  }
+  if (name == param->spec->name) {
+    slots[param->slot].named = true;
+  } else if (!_takes_synonym(name, *param)) {
+    return;
+  }
+  if (Value coerced = _coerced(*param, value); !coerced.is_null()) {
+    _store(param->slot, param->spec->name, std::move(coerced));
+  }
+}
+
+/// Whether a synonym's value is taken: only while its parameter has none.
+bool Normalizing::_takes_synonym(const Text& name, const Param& param) {
+  alias_hit = true;
+  const bool given_too = slots[param.slot].named || slots[param.slot].stored();
+  std::string note("'");
+  note.append(name).append(given_too ? "' was left out: '" : "' was read as '").append(param.spec->name);
+  notes.push_back(note.append(given_too ? "' was given too" : "'"));
+  return !given_too;
+}
+
+void Normalizing::_store(std::uint32_t slot, const Text& name, Value value) {
+  if (slots[slot].stored()) {
+    arguments.replace_at(slots[slot].place - 1, std::move(value));
+    return;
+  }
+  arguments.append(name, std::move(value));
+  slots[slot].place = static_cast<std::uint32_t>(arguments.size());
+}
+
+NormalizedArguments Normalizing::result() {
+  const std::optional<Text> action = _action();
+  if (action || spec.actions().empty()) {
+    _check_required(action);
+  }
+  if (!problems.empty()) {
+    std::string message;
+    append_joined(message, problems, "; ");
+    throw ArgumentError(message);
+  }
+  return NormalizedArguments(std::move(arguments), std::move(notes), alias_hit);
+}
+
+void Normalizing::_check_required(const std::optional<Text>& action) {
+  const auto value_of = [this](const Param& param) {
+    const SlotState& state = slots[param.slot];
+    return state.stored() ? &arguments[state.place - 1].value : nullptr;
+  };
+  const auto name = action ? std::optional<std::string_view>(*action) : std::nullopt;
+  for (std::string& problem : _missing(spec, name, value_of)) {
+    problems.push_back(std::move(problem));
+  }
+}
+
+}  // namespace tool_binding

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "admission/near_names.hpp"
+#include "admission/normalizing.hpp"
+#include "values/joined.hpp"
+
+namespace tool_binding {
+
+std::string Normalizing::_unknown_parameter(const Text& name) const {
+  std::string problem("Unknown parameter '");
+  problem.append(name).append("' for ").append(spec.name()).append(".");
+  if (const Text* const near = _nearest(name, prepared.near_params)) {
+    const ParamSpec* const param = spec.param(*near);
+    const Text& declared = param == nullptr ? *near : param->name;
+    if (!declared.empty()) {
+      problem.append(" Did you mean '").append(declared).append("'?");
+    }
+  }
+  if (spec.params().empty()) {
+    return problem.append(" It takes none.");
+  }
+  problem.append(" It takes: ");
+  append_joined(problem, spec.param_names(), ", ");
+  return problem.append(".");
+}
+
+}  // namespace tool_binding

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "registry/prepared_tool.hpp"
+
+#include <array>
+#include <utility>
+
+#include "text/lower_case.hpp"
+
+namespace tool_binding::detail {
+
+namespace {
+
+struct TypeWordRow {
+  std::string_view word;
+  TypeWord type;
+};
+
+constexpr std::array<TypeWordRow, 5> type_words = {{{"integer", TypeWord::integer},
+                                                    {"number", TypeWord::number},
+                                                    {"boolean", TypeWord::boolean},
+                                                    {"string", TypeWord::string},
+                                                    {"array", TypeWord::array}}};
+
+template <class Record>
+std::vector<Text> names_of(const std::vector<Record>& records) {
+  std::vector<Text> names;
+  names.reserve(records.size());
+  for (const Record& record : records) {
+    names.push_back(record.name);
+  }
+  return names;
+}
+
+std::uint32_t number(std::size_t place) { return static_cast<std::uint32_t>(place); }
+
+/// Declared names come before all synonyms, so that a synonym never hides one.
+NameIndex index_params(const std::vector<ParamSpec>& params) {
+  NameIndex index;
+  for (std::size_t place = 0; place < params.size(); ++place) {
+    index.add(params[place].name, number(place));
+  }
+  for (std::size_t place = 0; place < params.size(); ++place) {
+    for (const Text& synonym : params[place].synonyms) {
+      index.add(synonym, number(place));
+    }
+  }
+  return index;
+}
+
+NameIndex index_names(const std::vector<Text>& names) {
+  NameIndex index;
+  for (std::size_t place = 0; place < names.size(); ++place) {
+    index.add(names[place], number(place));
+  }
+  return index;
+}
+
+NameIndex index_lowered_actions(const std::vector<ActionSpec>& actions) {
+  NameIndex index;
+  for (std::size_t place = 0; place < actions.size(); ++place) {
+    index.add(text::lower_case(actions[place].name), number(place));
+    for (const Text& synonym : actions[place].synonyms) {
+      index.add(text::lower_case(synonym), number(place));
+    }
+  }
+  return index;
+}
+
+ArgumentMap make_bound_defaults(const ToolDeclaration& declared) {
+  ArgumentMap defaults;
+  defaults.reserve(declared.params.size() + 1);
+  if (!declared.actions.empty()) {
+    defaults.set(ACTION_PARAM, {});
+  }
+  for (const ParamSpec& param : declared.params) {
+    defaults.set(param.name, param.action_defaults.empty() ? param.default_ : Value());
+  }
+  return defaults;
+}
+
+NameIndex index_slots(const ArgumentMap& bound_defaults) {
+  NameIndex slots;
+  for (std::size_t place = 0; place < bound_defaults.size(); ++place) {
+    slots.add(bound_defaults[place].name, number(place));
+  }
+  return slots;
+}
+
+PreparedParam prepare(const ParamSpec& param, const NameIndex& slots) {
+  const TypeWord type = type_word(param.type);
+  PreparedParam prepared{
+      &param, type, type == TypeWord::array && param.items_type == Text("string"), slots.find(param.name), {}};
+  prepared.lowered_enum.reserve(param.enum_.size());
+  for (const Text& value : param.enum_) {
+    prepared.lowered_enum.push_back(text::lower_case(value));
+  }
+  return prepared;
+}
+
+std::vector<Text> names_and_synonyms(const std::vector<ParamSpec>& params) {
+  std::vector<Text> names = names_of(params);
+  for (const ParamSpec& param : params) {
+    names.insert(names.end(), param.synonyms.begin(), param.synonyms.end());
+  }
+  return names;
+}
+
+}  // namespace
+
+TypeWord type_word(std::string_view word) noexcept {
+  for (const TypeWordRow& row : type_words) {
+    if (row.word == word) {
+      return row.type;
+    }
+  }
+  return TypeWord::unknown;
+}
+
+PreparedTool::PreparedTool(ToolDeclaration declaration)
+    : declared(std::move(declaration)),
+      param_names(names_of(declared.params)),
+      action_names(names_of(declared.actions)),
+      names(index_params(declared.params)),
+      actions(index_names(action_names)),
+      lowered_actions(index_lowered_actions(declared.actions)),
+      bound_defaults(make_bound_defaults(declared)),
+      near_params(names_and_synonyms(declared.params)),
+      near_actions(action_names) {
+  slots = index_slots(bound_defaults);
+  action_slot = slots.find(ACTION_PARAM);
+  binds_action = !declared.actions.empty();
+  params.reserve(declared.params.size());
+  for (const ParamSpec& param : declared.params) {
+    params.push_back(prepare(param, slots));
+    binds_action = binds_action && param.name != ACTION_PARAM;
+  }
+}
+
+}  // namespace tool_binding::detail

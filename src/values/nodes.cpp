@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "values/nodes.hpp"
+
+#include <new>
+
+namespace tool_binding::detail {
+
+TextNode* new_text_node(std::size_t size) {
+  void* const memory = ::operator new(sizeof(TextNode) + size + 1);
+  auto* const node = new (memory) TextNode(size);
+  node->data()[size] = '\0';
+  return node;
+}
+
+void Cell::adopt_copy_of(std::string_view text) {
+  TextNode* const node = new_text_node(text.size());
+  std::memcpy(node->data(), text.data(), text.size());
+  Node* const head = node;
+  std::memcpy(bytes_, &head, sizeof head);
+  set_tag(Tag::text_node);
+}
+
+/// Takes lists and mappings apart, outermost first, and chains what only they kept.
+struct NodeAccess {
+  static void destroy_containers(ContainerNode* pending) noexcept {
+    while (pending != nullptr) {
+      ContainerNode* const node = pending;
+      pending = node->next_to_destroy;
+      if (node->tag == Tag::list_node) {
+        destroy(static_cast<ListNode*>(node), pending);
+      } else {
+        destroy(static_cast<MappingNode*>(node), pending);
+      }
+    }
+  }
+
+ private:
+  static void destroy(ListNode* node, ContainerNode*& pending) noexcept {
+    for (Value& item : node->items) {
+      detach(item.cell_, pending);
+    }
+    delete node;
+  }
+
+  static void destroy(MappingNode* node, ContainerNode*& pending) noexcept {
+    for (auto& entry : node->entries.entries_) {
+      detach(entry.value.cell_, pending);
+    }
+    delete node;
+  }
+
+  static void detach(Cell& cell, ContainerNode*& pending) noexcept {
+    if (cell.tag() != Tag::list_node && cell.tag() != Tag::mapping_node) {
+      return;
+    }
+    auto* const node = static_cast<ContainerNode*>(cell.node());
+    cell.forget_node();
+    if (node->count.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+      node->next_to_destroy = pending;
+      pending = node;
+    }
+  }
+};
+
+void destroy_node(Node* node, Tag tag) noexcept {
+  switch (tag) {
+    case Tag::list_node:
+    case Tag::mapping_node:
+      NodeAccess::destroy_containers(static_cast<ContainerNode*>(node));
+      return;
+    case Tag::context_node:
+      delete static_cast<ContextNode*>(node);
+      return;
+    default:
+      static_cast<TextNode*>(node)->~TextNode();
+      ::operator delete(node);
+  }
+}
+
+}  // namespace tool_binding::detail

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include "tool_binding/value.hpp"
+
+#include <array>
+#include <utility>
+
+#include "tool_binding/errors.hpp"
+#include "values/nodes.hpp"
+
+namespace tool_binding {
+
+namespace {
+
+using detail::Tag;
+
+/// The node as a cell keeps it: a pointer to its head.
+detail::Node* head(detail::Node* node) noexcept { return node; }
+
+using Pair = std::pair<const Value*, const Value*>;
+
+bool is_container(const Value& value) noexcept { return value.is_list() || value.is_mapping(); }
+
+bool same_leaf(const Value& left, const Value& right) {
+  switch (left.kind()) {
+    case Kind::null:
+      return true;
+    case Kind::boolean:
+      return left.boolean() == right.boolean();
+    case Kind::integer:
+      return left.integer() == right.integer();
+    case Kind::floating:
+      return left.floating() == right.floating();
+    default:
+      return left.text() == right.text();
+  }
+}
+
+/// Compares one pair; two nested values are left for later.
+bool same_so_far(const Value& left, const Value& right, std::vector<Pair>& later) {
+  if (left.kind() != right.kind()) {
+    return false;
+  }
+  if (!is_container(left)) {
+    return same_leaf(left, right);
+  }
+  later.emplace_back(&left, &right);
+  return true;
+}
+
+bool same_items(std::span<const Value> left, std::span<const Value> right, std::vector<Pair>& later) {
+  if (left.size() != right.size()) {
+    return false;
+  }
+  for (std::size_t place = 0; place < left.size(); ++place) {
+    if (!same_so_far(left[place], right[place], later)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool same_entries(const ArgumentMap& left, const ArgumentMap& right, std::vector<Pair>& later) {
+  if (left.size() != right.size()) {
+    return false;
+  }
+  for (std::size_t place = 0; place < left.size(); ++place) {
+    if (left[place].name != right[place].name || !same_so_far(left[place].value, right[place].value, later)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool same_containers(const Value& left, const Value& right, std::vector<Pair>& later) {
+  return left.is_list() ? same_items(left.list(), right.list(), later)
+                        : same_entries(left.mapping(), right.mapping(), later);
+}
+
+}  // namespace
+
+Value::Value(std::vector<Value> items) : cell_(Tag::list_node, head(new detail::ListNode(std::move(items)))) {}
+
+Value::Value(ArgumentMap entries) : cell_(Tag::mapping_node, head(new detail::MappingNode(std::move(entries)))) {}
+
+Kind Value::kind() const noexcept {
+  switch (cell_.tag()) {
+    case Tag::null:
+      return Kind::null;
+    case Tag::boolean:
+      return Kind::boolean;
+    case Tag::integer:
+    case Tag::integer_node:
+      return Kind::integer;
+    case Tag::floating:
+      return Kind::floating;
+    case Tag::list_node:
+      return Kind::list;
+    case Tag::mapping_node:
+      return Kind::mapping;
+    default:
+      return Kind::text;
+  }
+}
+
+void Value::require(bool holds, const char* wanted) const {
+  if (!holds) {
+    throw TypeError(std::string("the value is no ") + wanted);
+  }
+}
+
+bool Value::boolean() const {
+  require(is_boolean(), "boolean");
+  return cell_.content<std::uint64_t>() != 0;
+}
+
+Integer Value::integer() const {
+  require(is_integer(), "integer");
+  return Integer(cell_);
+}
+
+double Value::floating() const {
+  require(is_floating(), "floating number");
+  return cell_.content<double>();
+}
+
+std::string_view Value::text() const {
+  require(is_text(), "text");
+  return cell_.text();
+}
+
+Text Value::shared_text() const {
+  require(is_text(), "text");
+  return Text(cell_);
+}
+
+std::span<const Value> Value::list() const {
+  require(is_list(), "list");
+  return static_cast<const detail::ListNode*>(cell_.node())->items;
+}
+
+const ArgumentMap& Value::mapping() const {
+  require(is_mapping(), "mapping");
+  return static_cast<const detail::MappingNode*>(cell_.node())->entries;
+}
+
+bool operator==(const Value& left, const Value& right) {
+  std::vector<Pair> later;
+  if (!same_so_far(left, right, later)) {
+    return false;
+  }
+  while (!later.empty()) {
+    const auto [next_left, next_right] = later.back();
+    later.pop_back();
+    if (!same_containers(*next_left, *next_right, later)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace tool_binding
