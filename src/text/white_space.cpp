@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "text/white_space.hpp"
+
+#include "text/code_points.hpp"
+#include "text/unicode.hpp"
+
+namespace tool_binding::text {
+
+std::string_view strip_start(std::string_view text) noexcept {
+  while (!text.empty()) {
+    const CodePoint first = next_code_point(text);
+    if (!is_white_space(first.value)) {
+      break;
+    }
+    text.remove_prefix(first.size);
+  }
+  return text;
+}
+
+std::string_view strip(std::string_view text) noexcept {
+  text = strip_start(text);
+  while (!text.empty()) {
+    const CodePoint last = last_code_point(text);
+    if (!is_white_space(last.value)) {
+      break;
+    }
+    text.remove_suffix(last.size);
+  }
+  return text;
+}
+
+bool is_blank(std::string_view text) noexcept { return strip_start(text).empty(); }
+
+}  // namespace tool_binding::text
