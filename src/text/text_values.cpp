@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+#include "text/text_values.hpp"
+
+#include <algorithm>
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <string>
+#include <utility>
+
+#include "text/code_points.hpp"
+#include "text/lower_case.hpp"
+#include "text/white_space.hpp"
+#include "tool_binding/errors.hpp"
+#include "tool_binding/utils/text_values.hpp"
+
+namespace tool_binding::text {
+namespace {
+
+struct TruthWord {
+  std::string_view spelling;
+  bool value;
+};
+
+constexpr TruthWord truth_words[] = {
+    {"true", true},   {"yes", true}, {"on", true},   {"1", true},  {"t", true},  {"y", true},
+    {"false", false}, {"no", false}, {"off", false}, {"0", false}, {"f", false}, {"n", false},
+};
+
+struct Escape {
+  char letter;
+  char meaning;
+};
+
+constexpr Escape escapes[] = {
+    {'"', '"'}, {'\'', '\''}, {'\\', '\\'}, {'/', '/'}, {'b', '\b'}, {'f', '\f'}, {'n', '\n'}, {'r', '\r'}, {'t', '\t'},
+};
+
+/// How a list is written: by people, or by programs.
+struct Notation {
+  std::string_view quotes;
+  std::string_view refused_beginnings;
+  bool has_escapes;
+};
+
+constexpr Notation by_people = {"\"", "", false};
+constexpr Notation by_programs = {"\"'", "[{", true};
+
+constexpr bool is_high_surrogate(char32_t unit) noexcept { return unit >= 0xD800 && unit <= 0xDBFF; }
+constexpr bool is_low_surrogate(char32_t unit) noexcept { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
+/// Takes the four hexadecimal digits of a code unit from the start of `rest`.
+std::optional<char32_t> take_code_unit(std::string_view& rest) noexcept {
+  constexpr std::size_t size = 4;
+  std::uint16_t unit = 0;
+  if (rest.size() < size || std::from_chars(rest.data(), rest.data() + size, unit, 16).ptr != rest.data() + size) {
+    return std::nullopt;
+  }
+  rest.remove_prefix(size);
+  return unit;
+}
+
+/// Takes what follows "\u" from the start of `rest`: one code unit, or two that are a surrogate pair.
+bool take_unicode_escape(std::string_view& rest, std::string& item) {
+  const std::optional<char32_t> unit = take_code_unit(rest);
+  if (!unit || is_low_surrogate(*unit)) {
+    return false;
+  }
+  if (!is_high_surrogate(*unit)) {
+    append_code_point(item, *unit);
+    return true;
+  }
+  if (!rest.starts_with("\\u")) {
+    return false;
+  }
+  rest.remove_prefix(2);
+  const std::optional<char32_t> low = take_code_unit(rest);
+  if (!low || !is_low_surrogate(*low)) {
+    return false;
+  }
+  append_code_point(item, 0x10000 + ((*unit - 0xD800) << 10U) + (*low - 0xDC00));
+  return true;
+}
+
+/// Takes what follows a backslash from the start of `rest` and appends its meaning to `item`.
+bool take_escape(std::string_view& rest, std::string& item) {
+  if (rest.empty()) {
+    return false;
+  }
+  const char letter = rest.front();
+  rest.remove_prefix(1);
+  if (letter == 'u') {
+    return take_unicode_escape(rest, item);
+  }
+  const auto* const escape =
+      std::find_if(std::begin(escapes), std::end(escapes), [&](const Escape& row) { return row.letter == letter; });
+  if (escape == std::end(escapes)) {
+    return false;
+  }
+  item += escape->meaning;
+  return true;
+}
+
+/// Takes a quoted item, its quotes included, from the start of `rest`: its content, nothing where it is never closed or
+/// holds an unknown escape.
+std::optional<std::string> take_quoted(std::string_view& rest, const Notation& notation) {
+  const char quote = rest.front();
+  const char marks[] = {quote, notation.has_escapes ? '\\' : quote};
+  rest.remove_prefix(1);
+  std::string item;
+  for (;;) {
+    const std::size_t place = rest.find_first_of({marks, sizeof marks});
+    if (place == std::string_view::npos) {
+      return std::nullopt;
+    }
+    const char mark = rest[place];
+    item += rest.substr(0, place);
+    rest.remove_prefix(place + 1);
+    if (mark != quote) {
+      if (!take_escape(rest, item)) {
+        return std::nullopt;
+      }
+    } else if (!notation.has_escapes && rest.starts_with(quote)) {
+      item += quote;
+      rest.remove_prefix(1);
+    } else {
+      return item;
+    }
+  }
+}
+
+/// Takes the item at the start of `rest`, without the comma after it, and appends it to `items` unless it is empty.
+bool take_item(std::string_view& rest, const Notation& notation, std::vector<Value>& items) {
+  rest = strip_start(rest);
+  if (!rest.empty() && notation.quotes.find(rest.front()) != std::string_view::npos) {
+    const std::optional<std::string> item = take_quoted(rest, notation);
+    if (!item) {
+      return false;
+    }
+    items.emplace_back(*item);
+    rest = strip_start(rest);
+    return rest.empty() || rest.front() == ',';
+  }
+  const std::size_t end = std::min(rest.find(','), rest.size());
+  const std::string_view item = strip(rest.substr(0, end));
+  if (!item.empty()) {
+    if (notation.refused_beginnings.find(item.front()) != std::string_view::npos) {
+      return false;
+    }
+    items.emplace_back(item);
+  }
+  rest.remove_prefix(end);
+  return true;
+}
+
+std::optional<std::vector<Value>> read_items(std::string_view rest, const Notation& notation) {
+  std::vector<Value> items;
+  if (is_blank(rest)) {
+    return items;
+  }
+  items.reserve(static_cast<std::size_t>(std::count(rest.begin(), rest.end(), ',')) + 1);
+  for (;;) {
+    if (!take_item(rest, notation, items)) {
+      return std::nullopt;
+    }
+    if (rest.empty()) {
+      return items;
+    }
+    rest.remove_prefix(1);
+  }
+}
+
+}  // namespace
+
+std::optional<bool> read_bool(std::string_view text) {
+  const Text word = lower_case(strip(text));
+  const auto* const row = std::find_if(std::begin(truth_words), std::end(truth_words),
+                                       [&](const TruthWord& truth) { return word == truth.spelling; });
+  return row == std::end(truth_words) ? std::nullopt : std::optional(row->value);
+}
+
+std::optional<std::vector<Value>> read_csv(std::string_view text) {
+  const std::string_view list = strip(text);
+  const bool bracketed = list.size() >= 2 && list.front() == '[' && list.back() == ']';
+  return bracketed ? read_items(list.substr(1, list.size() - 2), by_programs) : read_items(list, by_people);
+}
+
+}  // namespace tool_binding::text
+
+namespace tool_binding {
+
+bool parse_bool(std::string_view text) {
+  const std::optional<bool> value = text::read_bool(text);
+  if (!value) {
+    throw ValueError("no truth word");
+  }
+  return *value;
+}
+
+std::vector<Value> split_csv(std::string_view text) {
+  std::optional<std::vector<Value>> items = text::read_csv(text);
+  if (!items) {
+    throw ValueError("no list: a quoted or a nested item is not closed or not understood");
+  }
+  return std::move(*items);
+}
+
+}  // namespace tool_binding
