@@ -68,15 +68,10 @@ CodePoint next_beyond_ascii(std::string_view rest) noexcept {
 // begins, whatever stands before it.
 CodePoint last_beyond_ascii(std::string_view text) noexcept {
   for (std::size_t size = 2; size <= std::min(longest_sequence, text.size()); ++size) {
-    const std::string_view tail = text.substr(text.size() - size);
-    if (is_continuation(byte_at(tail, 0))) {
-      continue;
-    }
-    const CodePoint first = next_code_point(tail);
+    const CodePoint first = next_code_point(text.substr(text.size() - size));
     if (first.size == size) {
       return first;
     }
-    break;
   }
   return stray(byte_at(text, text.size() - 1));
 }

@@ -182,7 +182,7 @@ std::optional<bool> read_bool(std::string_view text) {
 
 std::optional<std::vector<Value>> read_csv(std::string_view text) {
   const std::string_view list = strip(text);
-  const bool bracketed = list.size() >= 2 && list.front() == '[' && list.back() == ']';
+  const bool bracketed = list.starts_with('[') && list.ends_with(']');
   return bracketed ? read_items(list.substr(1, list.size() - 2), by_programs) : read_items(list, by_people);
 }
 

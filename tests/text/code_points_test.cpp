@@ -85,10 +85,5 @@ TEST(CodePoints, EveryCodePointIsReadAsItWasAppended) {
   }
 }
 
-TEST(CodePoints, TwoSurrogatesStayTwo) {
-  EXPECT_EQ(decode("\xED\xA0\xBD\xED\xB8\x80"), (std::u32string{0xD83D, 0xDE00}));
-  EXPECT_EQ(decode("\xF0\x9F\x98\x80"), U"\U0001F600");
-}
-
 }  // namespace
 }  // namespace tool_binding::text

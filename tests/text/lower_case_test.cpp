@@ -34,6 +34,7 @@ TEST(LowerCase, FollowsTheFullMapping) {
       {"case-ignorable after, then none", "\u0391\u03A3' \u0391", "\u03B1\u03C2' \u03B1"},
       {"nothing but case-ignorable before", "'\u03A3", "'\u03C3"},
       {"cased and case-ignorable at once counts as cased", "\u02B0\u03A3", "\u02B0\u03C2"},
+      {"the same after a sigma", "\u0391\u03A3\u02B0", "\u03B1\u03C3\u02B0"},
       {"a stray byte ends a word", "\u0391\x80\u03A3", "\u03B1\x80\u03C3"},
       {"a small sigma stays", "\u03B1\u03C3", "\u03B1\u03C3"},
   };

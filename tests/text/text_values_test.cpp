@@ -81,7 +81,7 @@ TEST(SplitCsv, ReadsWhatProgramsWrite) {
   });
   expect_refused({"[[a]]", "[a, [b]]", "[{\"a\": 1}]", "[a],[b]", "[\"a]", "['a' b]", "[\"a\" \"b\"]", R"(["\x41"])",
                   R"(["\a"])", R"(["\"])", R"(["\u12"])", R"(["\u12g4"])", R"(["\u+123"])", R"(["\ud83d"])",
-                  R"(["\ud83d\u0041"])", R"(["\ud83dxxde00"])", R"(["\ude00\ud83d"])", "[\"a\"\"b\"]"});
+                  R"(["\ud83d\u0041"])", R"(["\ud83dxxde00"])", R"(["\ude00"])", "[\"a\"\"b\"]"});
 }
 
 TEST(SplitCsv, AllocatesAPlainListOnce) {
