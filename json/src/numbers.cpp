@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <limits>
+
+#include "scalars.hpp"
+
+namespace tool_binding::json {
+
+namespace {
+
+/// Integers of this many bytes, a minus sign included, fit 64 bits whatever their digits.
+constexpr std::size_t surely_small = 18;
+
+/// Takes the parts of a number in their order from the front of a token.
+class NumberParts {
+ public:
+  NumberParts(const Tokens& tokens, std::size_t token)
+      : tokens_(tokens), begin_(tokens.begin_of(token)), spelling_(tokens.whole(token)) {}
+
+  [[nodiscard]] std::string_view spelling() const noexcept { return spelling_; }
+  [[nodiscard]] bool at_end() const noexcept { return taken_ == spelling_.size(); }
+
+  bool take(char wanted) noexcept {
+    if (at_end() || spelling_[taken_] != wanted) {
+      return false;
+    }
+    ++taken_;
+    return true;
+  }
+
+  void take_digits() {
+    if (!at_digit()) {
+      fail("a digit is missing");
+    }
+    while (at_digit()) {
+      ++taken_;
+    }
+  }
+
+  void take_integer_part() {
+    if (!take('0')) {
+      take_digits();
+    } else if (at_digit()) {
+      fail("no digit may follow a leading zero");
+    }
+  }
+
+  [[noreturn]] void fail(std::string_view words) const { tokens_.fail(begin_ + taken_, words); }
+
+ private:
+  [[nodiscard]] bool at_digit() const noexcept {
+    return !at_end() && spelling_[taken_] >= '0' && spelling_[taken_] <= '9';
+  }
+
+  const Tokens& tokens_;
+  std::size_t begin_;
+  std::string_view spelling_;
+  std::size_t taken_ = 0;
+};
+
+Value integer_of(std::string_view spelling) {
+  if (spelling.size() > surely_small) {
+    return Integer::from_decimal(spelling);
+  }
+  std::int64_t value = 0;
+  std::from_chars(spelling.data(), spelling.data() + spelling.size(), value);
+  return value;
+}
+
+/// The exponent behind "e", one of more than 64 bits being brought to their edge.
+std::int64_t exponent_of(std::string_view spelling) noexcept {
+  const std::size_t mark = spelling.find_first_of("eE");
+  if (mark == std::string_view::npos) {
+    return 0;
+  }
+  std::string_view digits = spelling.substr(mark + 1);
+  digits.remove_prefix(digits.front() == '+' ? 1 : 0);
+  std::int64_t exponent = 0;
+  if (std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec != std::errc()) {
+    constexpr std::int64_t edge = std::numeric_limits<std::int64_t>::max() / 2;
+    exponent = digits.front() == '-' ? -edge : edge;
+  }
+  return exponent;
+}
+
+/// The double for a number so large or so small that it has none of its own: an infinity or a zero, of the number's
+/// sign. Which of them, its decimal exponent says, which is far from zero in either case.
+double beyond_range(std::string_view spelling) noexcept {
+  const std::string_view mantissa = spelling.substr(0, spelling.find_first_of("eE"));
+  const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+  const std::size_t leading = mantissa.find_first_of("123456789");
+  const auto place = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(leading);
+  const double size = exponent_of(spelling) + place > 0 ? std::numeric_limits<double>::infinity() : 0.0;
+  return spelling.front() == '-' ? -size : size;
+}
+
+double double_of(std::string_view spelling) noexcept {
+  double value = 0;
+  const auto result = std::from_chars(spelling.data(), spelling.data() + spelling.size(), value);
+  return result.ec == std::errc::result_out_of_range ? beyond_range(spelling) : value;
+}
+
+}  // namespace
+
+Value read_number(const Tokens& tokens, std::size_t token) {
+  NumberParts parts(tokens, token);
+  parts.take('-');
+  parts.take_integer_part();
+  if (parts.at_end()) {
+    return integer_of(parts.spelling());
+  }
+  if (parts.take('.')) {
+    parts.take_digits();
+  }
+  if (parts.take('e') || parts.take('E')) {
+    if (!parts.take('-')) {
+      parts.take('+');
+    }
+    parts.take_digits();
+  }
+  if (!parts.at_end()) {
+    parts.fail("a number ends before this byte");
+  }
+  return double_of(parts.spelling());
+}
+
+}  // namespace tool_binding::json

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "tokens.hpp"
+
+#include <simdjson.h>
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+
+#include "tool_binding/json/parse_error.hpp"
+#include "utf8.hpp"
+
+namespace tool_binding::json {
+
+namespace {
+
+constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
+constexpr std::size_t smallest_room = 4096;
+
+struct TextFault {
+  std::size_t place;
+  std::string_view words;
+};
+
+/// The first control character within a text, or the opening quote of a text that is never closed. A backslash takes
+/// the byte behind it along wherever it stands, as it does for simdjson.
+TextFault first_text_fault(std::string_view bytes) noexcept {
+  std::size_t opened = std::string_view::npos;
+  for (std::size_t place = 0; place < bytes.size(); ++place) {
+    const char byte = bytes[place];
+    if (opened != std::string_view::npos && static_cast<unsigned char>(byte) < 0x20) {
+      return {place, "a control character within a text must be escaped"};
+    }
+    if (byte == '"') {
+      opened = opened == std::string_view::npos ? place : std::string_view::npos;
+    } else if (byte == '\\') {
+      ++place;
+    }
+  }
+  return {opened, "the text that begins here is not closed"};
+}
+
+}  // namespace
+
+struct Tokens::Indexer {
+  simdjson::dom::parser parser;
+};
+
+Tokens::Tokens() : indexer_(std::make_unique<Indexer>()) {}
+Tokens::Tokens(Tokens&&) noexcept = default;
+Tokens& Tokens::operator=(Tokens&&) noexcept = default;
+Tokens::~Tokens() = default;
+
+void Tokens::cut(std::string_view text) {
+  size_ = 0;
+  if (text.size() > simdjson::SIMDJSON_MAXSIZE_BYTES) {
+    fail(0, "a text of 4 GiB or more cannot be read");
+  }
+  make_room(text.size());
+  std::copy(text.begin(), text.end(), bytes_.get());
+  std::memset(bytes_.get() + text.size(), 0, simdjson::SIMDJSON_PADDING);
+  size_ = text.size();
+  if (text.starts_with(byte_order_mark)) {
+    fail(0, "a byte order mark stands before the value");
+  }
+  simdjson::internal::dom_parser_implementation& found = *indexer_->parser.implementation;
+  const auto* const bytes = reinterpret_cast<const std::uint8_t*>(bytes_.get());
+  if (found.stage1(bytes, size_, simdjson::stage1_mode::regular) != simdjson::SUCCESS) {
+    refuse();
+  }
+  count_ = found.n_structural_indexes;
+  begins_ = found.structural_indexes.get();
+}
+
+void Tokens::make_room(std::size_t size) {
+  if (room_ != 0 && size <= room_) {
+    return;
+  }
+  const std::size_t room = std::clamp(size + size / 2, smallest_room, simdjson::SIMDJSON_MAXSIZE_BYTES);
+  room_ = 0;
+  bytes_.reset(new char[room + simdjson::SIMDJSON_PADDING]);
+  // The depth is that of simdjson's second stage, which is never run.
+  if (indexer_->parser.allocate(room, 1) != simdjson::SUCCESS) {
+    throw std::bad_alloc();
+  }
+  room_ = room;
+}
+
+void Tokens::refuse() const {
+  const std::size_t ill_formed = first_ill_formed(text());
+  const TextFault fault = first_text_fault(text());
+  if (ill_formed < fault.place) {
+    fail(ill_formed, "this byte is no part of well-formed UTF-8");
+  }
+  if (fault.place < size_) {
+    fail(fault.place, fault.words);
+  }
+  fail(size_, "a value is missing");
+}
+
+void Tokens::fail(std::size_t place, std::string_view words) const {
+  const std::size_t line_end = text().substr(0, place).rfind('\n');
+  const std::size_t line_begin = line_end == std::string_view::npos ? 0 : line_end + 1;
+  throw ParseError(line_of(place), place - line_begin + 1, words);
+}
+
+std::size_t Tokens::line_of(std::size_t place) const noexcept {
+  return 1 + static_cast<std::size_t>(std::count(bytes_.get(), bytes_.get() + place, '\n'));
+}
+
+}  // namespace tool_binding::json

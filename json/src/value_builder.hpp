@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <iterator>
+#include <utility>
+#include <vector>
+
+#include "repeated_names.hpp"
+#include "tool_binding/value.hpp"
+
+namespace tool_binding::json {
+
+/// The mapping of `names` to `values`, place by place, which are moved from: of a repeated name the first place and the
+/// last value. `repeated` are the places that `repeated_names` finds.
+[[nodiscard]] inline ArgumentMap mapping_of(std::span<Text> names, std::span<Value> values,
+                                            std::span<const std::size_t> repeated) {
+  ArgumentMap entries;
+  entries.reserve(names.size());
+  for (std::size_t place = 0; place < names.size(); ++place) {
+    if (repeated.empty()) {
+      entries.append(std::move(names[place]), std::move(values[place]));
+    } else {
+      entries.set(std::move(names[place]), std::move(values[place]));
+    }
+  }
+  return entries;
+}
+
+/// Builds the value of a text. What is read waits on two stacks until its container closes, so that every container is
+/// made once, at its final size.
+class ValueBuilder {
+ public:
+  void clear() noexcept {
+    values_.clear();
+    names_.clear();
+    opened_.clear();
+  }
+
+  void open(std::size_t /*place*/) { opened_.push_back({values_.size(), names_.size()}); }
+  void key(Text name, std::size_t /*place*/) { names_.push_back(std::move(name)); }
+  void scalar(Value value, std::size_t /*place*/) { values_.push_back(std::move(value)); }
+
+  void close_list() {
+    const auto first = values_.begin() + static_cast<std::ptrdiff_t>(opened_.back().value);
+    Value list(std::vector<Value>(std::make_move_iterator(first), std::make_move_iterator(values_.end())));
+    close_with(std::move(list));
+  }
+
+  void close_mapping() {
+    const std::span<Text> names = std::span(names_).subspan(opened_.back().name);
+    const std::span<Value> values = std::span(values_).subspan(opened_.back().value);
+    close_with(mapping_of(names, values, repeated_names(names)));
+  }
+
+  /// The value, once the text is at its end.
+  [[nodiscard]] Value take() noexcept { return std::move(values_.back()); }
+
+ private:
+  /// How much stood on the stacks when a container was opened.
+  struct Opened {
+    std::size_t value;
+    std::size_t name;
+  };
+
+  void close_with(Value value) {
+    names_.resize(opened_.back().name);
+    values_.resize(opened_.back().value);
+    opened_.pop_back();
+    values_.push_back(std::move(value));
+  }
+
+  std::vector<Value> values_;
+  std::vector<Text> names_;
+  std::vector<Opened> opened_;
+};
+
+}  // namespace tool_binding::json
