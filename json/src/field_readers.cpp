@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "field_readers.hpp"
+
+#include <array>
+
+namespace tool_binding::json {
+
+namespace {
+
+struct KindWords {
+  Kind kind;
+  std::string_view words;
+};
+
+constexpr std::array<KindWords, 7> kind_words{{{Kind::null, "null"},
+                                               {Kind::boolean, "a boolean"},
+                                               {Kind::integer, "an integer"},
+                                               {Kind::floating, "a floating number"},
+                                               {Kind::text, "a text"},
+                                               {Kind::list, "a list"},
+                                               {Kind::mapping, "an object"}}};
+
+std::string_view words_for(Kind kind) {
+  return std::find_if(kind_words.begin(), kind_words.end(), [&](const KindWords& row) { return row.kind == kind; })
+      ->words;
+}
+
+struct ParameterKindWord {
+  std::string_view word;
+  Parameter::Kind kind;
+};
+
+constexpr std::array<ParameterKindWord, 3> parameter_kinds{{{"NAMED", Parameter::Kind::NAMED},
+                                                            {"VAR_POSITIONAL", Parameter::Kind::VAR_POSITIONAL},
+                                                            {"VAR_KEYWORD", Parameter::Kind::VAR_KEYWORD}}};
+
+}  // namespace
+
+bool ShapeFaults::require(bool holds, std::string_view wanted, const Node& node, const std::string& place) {
+  if (!holds) {
+    std::string words = "must be ";
+    add(node, place, words.append(wanted).append(", not ").append(words_for(node.value.kind())));
+  }
+  return holds;
+}
+
+void read_field(ShapeFaults& faults, const Node& node, const std::string& place, FreeText& /*text*/) {
+  faults.require(node.value.is_text(), "a text", node, place);
+}
+
+void read_field(ShapeFaults& faults, const Node& node, const std::string& place, Text& text) {
+  if (faults.require(node.value.is_text(), "a text", node, place)) {
+    text = node.value.shared_text();
+  }
+}
+
+void read_field(ShapeFaults& faults, const Node& node, const std::string& place, std::optional<Text>& text) {
+  read_field(faults, node, place, text.emplace());
+}
+
+void read_field(ShapeFaults& faults, const Node& node, const std::string& place, bool& flag) {
+  if (faults.require(node.value.is_boolean(), "true or false", node, place)) {
+    flag = node.value.boolean();
+  }
+}
+
+void read_field(ShapeFaults& /*faults*/, const Node& node, const std::string& /*place*/, Value& value) {
+  value = node.value;
+}
+
+void read_field(ShapeFaults& faults, const Node& node, const std::string& place, ArgumentMap& map) {
+  if (faults.require(node.value.is_mapping(), "an object", node, place)) {
+    map = node.value.mapping();
+  }
+}
+
+void read_field(ShapeFaults& faults, const Node& node, const std::string& place, Parameter::Kind& kind) {
+  if (!faults.require(node.value.is_text(), "a text", node, place)) {
+    return;
+  }
+  for (const ParameterKindWord& row : parameter_kinds) {
+    if (row.word == node.value.text()) {
+      kind = row.kind;
+      return;
+    }
+  }
+  faults.add(node, place, "must be NAMED, VAR_POSITIONAL or VAR_KEYWORD, not " + quoted_form(node.value));
+}
+
+}  // namespace tool_binding::json

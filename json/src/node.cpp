@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "node.hpp"
+
+#include <algorithm>
+#include <iterator>
+
+#include "grammar.hpp"
+#include "place.hpp"
+#include "tokens.hpp"
+#include "value_builder.hpp"
+
+namespace tool_binding::json {
+
+namespace {
+
+/// The values of `nodes`, copied into one block.
+std::vector<Value> values_of(const std::vector<Node>& nodes) {
+  std::vector<Value> values;
+  values.reserve(nodes.size());
+  std::transform(nodes.begin(), nodes.end(), std::back_inserter(values), [](const Node& node) { return node.value; });
+  return values;
+}
+
+template <class Item>
+std::vector<Item> take_from(std::vector<Item>& stack, std::size_t first) {
+  const auto begin = stack.begin() + static_cast<std::ptrdiff_t>(first);
+  std::vector<Item> taken(std::make_move_iterator(begin), std::make_move_iterator(stack.end()));
+  stack.resize(first);
+  return taken;
+}
+
+/// Builds the nodes of a text in the way in which values are built.
+class NodeBuilder {
+ public:
+  explicit NodeBuilder(std::string_view text) : text_(text) {}
+
+  void open(std::size_t place) { opened_.push_back({line_at(place), nodes_.size(), names_.size()}); }
+  void key(Text name, std::size_t /*place*/) { names_.push_back(std::move(name)); }
+  void scalar(Value value, std::size_t place) { nodes_.push_back({std::move(value), line_at(place)}); }
+
+  void close_list() {
+    Node node = closed();
+    node.value = values_of(node.children);
+    nodes_.push_back(std::move(node));
+  }
+
+  void close_mapping() {
+    Node node = closed();
+    node.names = take_from(names_, last_.name);
+    node.repeated = repeated_names(node.names);
+    std::vector<Text> names = node.names;
+    std::vector<Value> values = values_of(node.children);
+    node.value = mapping_of(names, values, node.repeated);
+    nodes_.push_back(std::move(node));
+  }
+
+  [[nodiscard]] Node take() { return std::move(nodes_.back()); }
+
+ private:
+  struct Opened {
+    std::size_t line;
+    std::size_t node;
+    std::size_t name;
+  };
+
+  Node closed() {
+    last_ = opened_.back();
+    opened_.pop_back();
+    return {Value(), last_.line, take_from(nodes_, last_.node)};
+  }
+
+  /// Places come in ascending order, so that the text is counted through once.
+  std::size_t line_at(std::size_t place) {
+    const std::string_view passed = text_.substr(counted_, place - counted_);
+    line_ += static_cast<std::size_t>(std::count(passed.begin(), passed.end(), '\n'));
+    counted_ = place;
+    return line_;
+  }
+
+  std::string_view text_;
+  std::size_t counted_ = 0;
+  std::size_t line_ = 1;
+  std::vector<Node> nodes_;
+  std::vector<Text> names_;
+  std::vector<Opened> opened_;
+  Opened last_{};
+};
+
+}  // namespace
+
+std::string child_place(const Node& parent, std::string_view place, std::size_t child) {
+  return parent.value.is_list() ? item_place(place, child) : member_place(place, parent.names[child]);
+}
+
+Node read_node(std::string_view text) {
+  Tokens tokens;
+  tokens.cut(text);
+  std::string unescaped;
+  NodeBuilder builder(text);
+  Grammar(tokens, unescaped, builder).walk();
+  return builder.take();
+}
+
+std::size_t line_of(const Node& root, std::string_view place) {
+  const Node* node = &root;
+  std::string reached;
+  for (std::size_t child = 0; child < node->children.size();) {
+    std::string candidate = child_place(*node, reached, child);
+    if (stands_within(place, candidate)) {
+      node = &node->children[child];
+      reached = std::move(candidate);
+      child = 0;
+    } else {
+      ++child;
+    }
+  }
+  return node->line;
+}
+
+}  // namespace tool_binding::json

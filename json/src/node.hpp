@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "tool_binding/value.hpp"
+
+namespace tool_binding::json {
+
+/// A value together with what a message about it needs: its line, and every member of an object, the repeated ones too.
+struct Node {
+  Value value;
+  std::size_t line = 0;
+  std::vector<Node> children = {};         ///< the items of a list, or the values of an object
+  std::vector<Text> names = {};            ///< the keys of an object, one for each child
+  std::vector<std::size_t> repeated = {};  ///< the children whose key stands earlier in the object, in ascending order
+};
+
+/// The place of a child, whose parent stands at `place`.
+[[nodiscard]] std::string child_place(const Node& parent, std::string_view place, std::size_t child);
+
+/// Throws ParseError as a reader does.
+[[nodiscard]] Node read_node(std::string_view text);
+
+/// The line of the innermost node around `place`.
+[[nodiscard]] std::size_t line_of(const Node& root, std::string_view place);
+
+}  // namespace tool_binding::json

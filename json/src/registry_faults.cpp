@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: MIT
+#include "tool_binding/json/registry_faults.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "nearest_word.hpp"
+#include "place.hpp"
+
+namespace tool_binding::json {
+
+namespace {
+
+constexpr std::array<std::string_view, 5> type_words{"integer", "number", "boolean", "string", "array"};
+
+/// Names by the place at which each is declared first.
+using Places = std::map<Text, std::string>;
+
+std::string quoted(const Text& name) { return quoted_form(Value(name)); }
+
+bool is_bound(const Value& value) noexcept {
+  return value.is_null() || value.is_integer() || (value.is_floating() && !std::isnan(value.floating()));
+}
+
+/// Which action of a tool a word names, in whatever spelling; none for a word that no request can spell, as one with
+/// white space around it.
+class ActionWords {
+ public:
+  explicit ActionWords(const ToolDeclaration& tool)
+      : words_({.name = tool.name, .actions = tool.actions}), names_(without_synonyms(tool)) {}
+
+  [[nodiscard]] std::optional<std::size_t> first_with(const Text& word) const { return first_in(words_, word); }
+  [[nodiscard]] std::optional<std::size_t> first_named(const Text& word) const { return first_in(names_, word); }
+  [[nodiscard]] const Text& name_of(std::size_t action) const { return words_.actions()[action].name; }
+
+ private:
+  static ToolDeclaration without_synonyms(ToolDeclaration tool) {
+    for (ActionSpec& action : tool.actions) {
+      action.synonyms.clear();
+    }
+    return {.name = tool.name, .actions = std::move(tool.actions)};
+  }
+
+  /// The space before the word keeps a name that equals it from coming before an earlier action.
+  static std::optional<std::size_t> first_in(const ToolSpec& tool, const Text& word) {
+    const ActionSpec* const action = tool.action(" " + std::string(word.view()));
+    return action == nullptr ? std::nullopt : std::optional(static_cast<std::size_t>(action - tool.actions().data()));
+  }
+
+  ToolSpec words_;
+  ToolSpec names_;
+};
+
+/// Judges one thing after another and collects the faults.
+class Judging {
+ public:
+  void judge(std::span<const RegistryEntry> entries) {
+    Places tools;
+    for (std::size_t index = 0; index < entries.size(); ++index) {
+      const std::string place = item_place("tools", index);
+      declare(tools, entries[index].tool.name, member_place(place, "name"));
+      judge_actions(entries[index].tool, place);
+      judge_params(entries[index].tool, place);
+      judge_handler(entries[index].signature, member_place(place, "handler"));
+    }
+  }
+
+  [[nodiscard]] std::vector<Fault> take_faults() { return std::move(faults_); }
+
+ private:
+  void judge_actions(const ToolDeclaration& tool, const std::string& place);
+  void judge_action_words(const ToolDeclaration& tool, const std::string& place);
+  void judge_params(const ToolDeclaration& tool, const std::string& place);
+  void judge_synonyms(const ParamSpec& param, const std::string& place, const Places& names, Places& synonyms);
+  void judge_param(const ParamSpec& param, const std::string& place);
+  void judge_references(const ToolDeclaration& tool, const ParamSpec& param, const std::string& place);
+  void judge_handler(const Signature& signature, const std::string& place);
+
+  /// Notes a declared name, which must be new among `names`.
+  void declare(Places& names, const Text& name, std::string place) {
+    if (!require_name(name, place)) {
+      return;
+    }
+    const auto [first, is_new] = names.emplace(name, place);
+    if (!is_new) {
+      add(std::move(place), quoted(name) + " is declared already at " + first->second);
+    }
+  }
+
+  bool require_name(const Text& name, const std::string& place) {
+    if (name.empty()) {
+      add(place, "a name must not be empty");
+    }
+    return !name.empty();
+  }
+
+  /// `word` of the action `index` must not name an earlier one.
+  void require_own_word(const ActionWords& words, std::size_t index, const Text& word, std::string place) {
+    const std::optional<std::size_t> first = words.first_with(word);
+    if (!word.empty() && first && *first < index) {
+      add(std::move(place), quoted(word) + " names the action " + quoted(words.name_of(*first)) + " already");
+    }
+  }
+
+  void require_action(const ToolDeclaration& tool, const Text& name, std::string place) {
+    std::vector<std::string_view> declared(tool.actions.size());
+    std::transform(tool.actions.begin(), tool.actions.end(), declared.begin(),
+                   [](const ActionSpec& action) { return action.name.view(); });
+    if (std::find(declared.begin(), declared.end(), name.view()) == declared.end()) {
+      add(std::move(place), quoted(name) + " is no declared action" + did_you_mean(name, declared));
+    }
+  }
+
+  void require_type(const Text& word, std::string place) {
+    if (std::find(type_words.begin(), type_words.end(), word.view()) == type_words.end()) {
+      add(std::move(place), "must be integer, number, boolean, string or array, not " + quoted(word));
+    }
+  }
+
+  void add(std::string place, std::string words) { faults_.push_back({std::move(place), std::move(words)}); }
+
+  std::vector<Fault> faults_;
+};
+
+void Judging::judge_actions(const ToolDeclaration& tool, const std::string& place) {
+  Places names;
+  for (std::size_t index = 0; index < tool.actions.size(); ++index) {
+    declare(names, tool.actions[index].name, member_place(item_place(member_place(place, "actions"), index), "name"));
+  }
+  judge_action_words(tool, place);
+  if (tool.default_action) {
+    require_action(tool, *tool.default_action, member_place(place, "default_action"));
+  }
+}
+
+void Judging::judge_action_words(const ToolDeclaration& tool, const std::string& place) {
+  const ActionWords words(tool);
+  for (std::size_t index = 0; index < tool.actions.size(); ++index) {
+    const ActionSpec& action = tool.actions[index];
+    const std::string action_place = item_place(member_place(place, "actions"), index);
+    if (words.first_named(action.name) == index) {
+      require_own_word(words, index, action.name, member_place(action_place, "name"));
+    }
+    const std::string synonyms_place = member_place(action_place, "synonyms");
+    for (std::size_t synonym = 0; synonym < action.synonyms.size(); ++synonym) {
+      if (require_name(action.synonyms[synonym], item_place(synonyms_place, synonym))) {
+        require_own_word(words, index, action.synonyms[synonym], item_place(synonyms_place, synonym));
+      }
+    }
+  }
+}
+
+void Judging::judge_params(const ToolDeclaration& tool, const std::string& place) {
+  const auto param_place = [&](std::size_t index) { return item_place(member_place(place, "params"), index); };
+  Places names;
+  Places synonyms;
+  for (std::size_t index = 0; index < tool.params.size(); ++index) {
+    declare(names, tool.params[index].name, member_place(param_place(index), "name"));
+  }
+  for (std::size_t index = 0; index < tool.params.size(); ++index) {
+    judge_synonyms(tool.params[index], param_place(index), names, synonyms);
+    judge_param(tool.params[index], param_place(index));
+    judge_references(tool, tool.params[index], param_place(index));
+  }
+}
+
+void Judging::judge_synonyms(const ParamSpec& param, const std::string& place, const Places& names, Places& synonyms) {
+  const std::string synonyms_place = member_place(place, "synonyms");
+  for (std::size_t index = 0; index < param.synonyms.size(); ++index) {
+    const Text& synonym = param.synonyms[index];
+    std::string synonym_place = item_place(synonyms_place, index);
+    if (!require_name(synonym, synonym_place)) {
+      continue;
+    }
+    if (const auto name = names.find(synonym); name != names.end()) {
+      add(std::move(synonym_place), quoted(synonym) + " is declared as a name at " + name->second);
+    } else if (const auto [first, is_new] = synonyms.emplace(synonym, synonym_place);
+               !is_new && !stands_within(first->second, place)) {
+      add(std::move(synonym_place), quoted(synonym) + " is a synonym already at " + first->second);
+    }
+  }
+}
+
+void Judging::judge_param(const ParamSpec& param, const std::string& place) {
+  require_type(param.type, member_place(place, "type"));
+  if (param.items_type) {
+    require_type(*param.items_type, member_place(place, "items_type"));
+  }
+  for (const auto& [name, bound] : {std::pair("minimum", &param.minimum), std::pair("maximum", &param.maximum)}) {
+    if (!is_bound(*bound)) {
+      add(member_place(place, name), "must be a number, not " + quoted_form(*bound));
+    }
+  }
+}
+
+void Judging::judge_references(const ToolDeclaration& tool, const ParamSpec& param, const std::string& place) {
+  for (std::size_t index = 0; index < param.required_for.size(); ++index) {
+    require_action(tool, param.required_for[index], item_place(member_place(place, "required_for"), index));
+  }
+  for (const ArgumentMap::Entry& entry : param.action_defaults) {
+    require_action(tool, entry.name, member_place(member_place(place, "action_defaults"), entry.name));
+  }
+}
+
+void Judging::judge_handler(const Signature& signature, const std::string& place) {
+  Places names;
+  const std::string parameters_place = member_place(place, "parameters");
+  for (std::size_t index = 0; index < signature.parameters.size(); ++index) {
+    declare(names, signature.parameters[index].name, member_place(item_place(parameters_place, index), "name"));
+  }
+}
+
+}  // namespace
+
+std::vector<Fault> registry_faults(std::span<const RegistryEntry> entries) {
+  Judging judging;
+  judging.judge(entries);
+  return judging.take_faults();
+}
+
+}  // namespace tool_binding::json
