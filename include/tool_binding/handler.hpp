@@ -24,7 +24,7 @@ class KeywordArgument {
   /// A context item that shares `item`, whatever its type.
   template <class Item>
   [[nodiscard]] static KeywordArgument context(std::shared_ptr<Item> item) {
-    return KeywordArgument(std::move(item), typeid(Item));
+    return KeywordArgument(std::move(item), typeid(Item*));
   }
 
   /// A context item that refers to `item`, which the daemon keeps alive as long as any copy of it.
@@ -42,7 +42,7 @@ class KeywordArgument {
   /// included. Throws TypeError for a bound argument and for an item of another type.
   template <class Item>
   [[nodiscard]] Item& item() const {
-    return *static_cast<Item*>(item_of(typeid(Item)));
+    return *static_cast<Item*>(item_of(typeid(Item*)));
   }
 
   /// Two bound arguments compare as values; a context item equals its own copies only.

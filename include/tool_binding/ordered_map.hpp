@@ -28,6 +28,10 @@ class OrderedMap {
     Text name;
     Mapped value;
 
+    template <class Name, class Content>
+    Entry(Name&& given_name, Content&& given_value)
+        : name(std::forward<Name>(given_name)), value(std::forward<Content>(given_value)) {}
+
     friend bool operator==(const Entry&, const Entry&) = default;
   };
   using const_iterator = typename std::vector<Entry>::const_iterator;
@@ -42,13 +46,12 @@ class OrderedMap {
     }
   }
   OrderedMap(const OrderedMap& other) : entries_(other.entries_) {}
-  OrderedMap(OrderedMap&& other) noexcept
-      : entries_(std::move(other.entries_)), index_(other.index_.exchange(nullptr)) {
-    other.entries_.clear();
-  }
+  OrderedMap(OrderedMap&& other) noexcept : entries_(std::move(other.entries_)), index_(other.release_index()) {}
   OrderedMap& operator=(OrderedMap other) noexcept {
     entries_.swap(other.entries_);
-    index_.store(other.index_.exchange(index_.load()));
+    Index* const index = release_index();
+    index_.store(other.release_index(), std::memory_order_relaxed);
+    other.index_.store(index, std::memory_order_relaxed);
     return *this;
   }
   ~OrderedMap() { delete index_.load(std::memory_order_acquire); }
@@ -66,15 +69,11 @@ class OrderedMap {
   }
 
   /// Appends an entry without a search. Precondition: the map does not hold `name`.
-  void append(Text name, Mapped value) {
-    entries_.push_back({std::move(name), std::move(value)});
-    if (Index* const index = index_.load(std::memory_order_relaxed); index != nullptr) {
-      try {
-        index->emplace(entries_.back().name, entries_.size() - 1);
-      } catch (...) {
-        entries_.pop_back();
-        throw;
-      }
+  template <class Name, class Content>
+  void append(Name&& name, Content&& value) {
+    entries_.emplace_back(std::forward<Name>(name), std::forward<Content>(value));
+    if (index_.load(std::memory_order_relaxed) != nullptr) {
+      add_last_to_index();
     }
   }
 
@@ -115,6 +114,21 @@ class OrderedMap {
     const Index& index = made_index();
     const auto found = index.find(name);
     return found == index.end() ? entries_.size() : found->second;
+  }
+
+  Index* release_index() noexcept {
+    Index* const index = index_.load(std::memory_order_relaxed);
+    index_.store(nullptr, std::memory_order_relaxed);
+    return index;
+  }
+
+  void add_last_to_index() {
+    try {
+      index_.load(std::memory_order_relaxed)->emplace(entries_.back().name, entries_.size() - 1);
+    } catch (...) {
+      entries_.pop_back();
+      throw;
+    }
   }
 
   /// The index, made by whichever search comes first; of two made at once the later one is thrown away.

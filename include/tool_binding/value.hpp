@@ -4,6 +4,7 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -64,7 +65,7 @@ class Value {
   }
   ~Value() = default;
 
-  [[nodiscard]] Kind kind() const noexcept;
+  [[nodiscard]] Kind kind() const noexcept { return kinds[static_cast<std::size_t>(cell_.tag()) & 0x7FU]; }
   [[nodiscard]] bool is_null() const noexcept { return cell_.tag() == detail::Tag::null; }
   [[nodiscard]] bool is_boolean() const noexcept { return cell_.tag() == detail::Tag::boolean; }
   [[nodiscard]] bool is_integer() const noexcept {
@@ -77,13 +78,36 @@ class Value {
 
   /// The content. Each throws TypeError where the value is of another kind. Views and references live as long as this
   /// object is neither assigned to, moved nor destroyed.
-  [[nodiscard]] bool boolean() const;
-  [[nodiscard]] Integer integer() const;
-  [[nodiscard]] double floating() const;
-  [[nodiscard]] std::string_view text() const;
-  [[nodiscard]] Text shared_text() const;
+  [[nodiscard]] bool boolean() const {
+    require(is_boolean(), "boolean");
+    return cell_.content<std::uint64_t>() != 0;
+  }
+  [[nodiscard]] Integer integer() const {
+    require(is_integer(), "integer");
+    return Integer(cell_);
+  }
+  [[nodiscard]] double floating() const {
+    require(is_floating(), "floating number");
+    return cell_.content<double>();
+  }
+  [[nodiscard]] std::string_view text() const {
+    require(is_text(), "text");
+    return cell_.text();
+  }
+  [[nodiscard]] Text shared_text() const {
+    require(is_text(), "text");
+    return Text(cell_);
+  }
   [[nodiscard]] std::span<const Value> list() const;
   [[nodiscard]] const ArgumentMap& mapping() const;
+
+  /// The integer where the value is one that fits 64 bits.
+  [[nodiscard]] std::optional<std::int64_t> to_int64() const noexcept {
+    return cell_.tag() == detail::Tag::integer ? std::optional(cell_.content<std::int64_t>()) : std::nullopt;
+  }
+
+  /// Whether the value is a text that equals `text`.
+  [[nodiscard]] bool is(const Text& text) const noexcept { return is_text() && detail::same_text(cell_, text.cell_); }
 
   /// Equal kinds and equal contents: the integer 5 and the floating number 5.0 differ, floating numbers compare as
   /// IEEE 754 has it (a NaN equals nothing), mappings are equal when they hold equal entries in the same order.
@@ -93,8 +117,21 @@ class Value {
  private:
   friend class KeywordArgument;
   friend struct detail::NodeAccess;
+  /// The kind that belongs to a tag, without its highest bit.
+  static constexpr Kind kinds[] = {Kind::text,    Kind::text,     Kind::text, Kind::text,    Kind::text, Kind::text,
+                                   Kind::text,    Kind::text,     Kind::text, Kind::text,    Kind::text, Kind::text,
+                                   Kind::text,    Kind::text,     Kind::text, Kind::text,    Kind::null, Kind::boolean,
+                                   Kind::integer, Kind::floating, Kind::null, Kind::null,    Kind::null, Kind::null,
+                                   Kind::text,    Kind::integer,  Kind::list, Kind::mapping, Kind::null};
+
   explicit Value(const detail::Cell& cell) noexcept : cell_(cell) {}
-  void require(bool holds, const char* wanted) const;
+
+  static void require(bool holds, const char* wanted) {
+    if (!holds) {
+      throw_no(wanted);
+    }
+  }
+  [[noreturn]] static void throw_no(const char* wanted);
 
   detail::Cell cell_;
 };

@@ -26,15 +26,18 @@ void Normalizing::_take_action(const Value& value) {
   const ActionSpec* const action = spec.action(value);
   if (action == nullptr) {
     _action_refused = true;
-    problems.push_back(spec.actions().empty() ? std::string(spec.name()).append(" takes no 'action'")
-                                              : _unknown_action(spec, value));
+    if (spec.actions().empty()) {
+      problems.add().append(spec.name()).append(" takes no 'action'");
+    } else {
+      problems.add().append(_unknown_action(spec, value));
+    }
     return;
   }
   if (!value.is_text() || action->name != value.text()) {
     alias_hit = true;
-    std::string note("the action '");
-    append_plain_form(note, value);
-    notes.push_back(note.append("' was read as '").append(action->name).append("'"));
+    std::string& note = _add_note();
+    append_plain_form(note.append("the action '"), value);
+    note.append("' was read as '").append(action->name).append("'");
   }
   _store(prepared.action_slot, ACTION_PARAM, action->name);
 }
@@ -58,10 +61,9 @@ std::optional<Text> Normalizing::_action() {
     return action.shared_text();
   }
   if (!spec.actions().empty()) {
-    std::string problem(spec.name());
-    problem.append(" needs an 'action': one of ");
+    std::string& problem = problems.add();
+    problem.append(spec.name()).append(" needs an 'action': one of ");
     append_joined(problem, spec.action_names(), ", ");
-    problems.push_back(std::move(problem));
   }
   return std::nullopt;
 }

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "admission/changed_items.hpp"
 #include "admission/normalizing.hpp"
 #include "text/numerals.hpp"
 #include "text/text_values.hpp"
@@ -14,13 +15,10 @@ namespace {
 
 using detail::TypeWord;
 
-// A coercer gives null for a value that it cannot read, whether by its kind or by its content: a refused value is part
-// of a request's ordinary answer, and costs no exception.
+// A coercer is given a value that is not of its type yet. It gives null for one that it cannot read, whether by its
+// kind or by its content: a refused value is part of a request's ordinary answer, and costs no exception.
 
 Value _integer(const Value& value) {
-  if (value.is_integer()) {
-    return value;
-  }
   if (value.is_floating()) {
     const double number = value.floating();
     return std::isfinite(number) && std::trunc(number) == number ? Value(Integer::truncated(number)) : Value();
@@ -33,9 +31,6 @@ Value _integer(const Value& value) {
 }
 
 Value _number(const Value& value) {
-  if (value.is_floating()) {
-    return value;
-  }
   if (value.is_integer()) {
     return value.integer().to_double();
   }
@@ -47,11 +42,8 @@ Value _number(const Value& value) {
 }
 
 Value _boolean(const Value& value) {
-  if (value.is_boolean()) {
-    return value;
-  }
-  if (value.is_integer() && (value.integer() == 0 || value.integer() == 1)) {
-    return value.integer() == 1;
+  if (const auto number = value.to_int64(); number == 0 || number == 1) {
+    return number == 1;
   }
   if (value.is_text()) {
     const auto read = text::read_bool(value.text());
@@ -61,16 +53,10 @@ Value _boolean(const Value& value) {
 }
 
 Value _string(const Value& value) {
-  if (value.is_text()) {
-    return value;
-  }
   return value.is_integer() || value.is_floating() ? Value(plain_form(value)) : Value();
 }
 
 Value _array(const Value& value) {
-  if (value.is_list()) {
-    return value;
-  }
   if (value.is_text()) {
     auto items = text::read_csv(value.text());
     return items ? Value(*std::move(items)) : Value();
@@ -80,14 +66,15 @@ Value _array(const Value& value) {
 
 struct Coercion {
   TypeWord type;
+  Kind kind;  ///< of its result; a value of that kind needs no coercion
   Value (*coerce)(const Value&);
 };
 
-constexpr std::array<Coercion, 5> COERCIONS = {{{TypeWord::integer, _integer},
-                                                {TypeWord::number, _number},
-                                                {TypeWord::boolean, _boolean},
-                                                {TypeWord::string, _string},
-                                                {TypeWord::array, _array}}};
+constexpr std::array<Coercion, 5> COERCIONS = {{{TypeWord::integer, Kind::integer, _integer},
+                                                {TypeWord::number, Kind::floating, _number},
+                                                {TypeWord::boolean, Kind::boolean, _boolean},
+                                                {TypeWord::string, Kind::text, _string},
+                                                {TypeWord::array, Kind::list, _array}}};
 
 struct TypeWords {
   TypeWord type;
@@ -112,50 +99,34 @@ const auto& row_of(const Rows& rows, const detail::PreparedParam& param) {
                  std::string(param.spec->name) + "' is declared with");
 }
 
-/// The list of what `change` makes of each item; the list itself when nothing comes out changed.
-template <class Change>
-Value with_each_item(const Value& list, const Change& change) {
-  const std::span<const Value> items = list.list();
-  std::vector<Value> changed;
-  for (std::size_t place = 0; place < items.size(); ++place) {
-    Value item = change(items[place]);
-    if (changed.empty() && item.is_text() && items[place].is_text() && item.text() == items[place].text()) {
-      continue;
-    }
-    if (changed.empty()) {
-      changed.reserve(items.size());
-      changed.assign(items.begin(), items.begin() + static_cast<std::ptrdiff_t>(place));
-    }
-    changed.push_back(std::move(item));
-  }
-  return changed.empty() ? list : Value(std::move(changed));
-}
+/// An item as a text, null for one that is a text as it stands.
+Value text_unless_text(const Value& item) { return item.is_text() ? Value() : Value(plain_form(item)); }
 
 }  // namespace
 
 Value Normalizing::_coerced(const Param& param, const Value& value) {
-  Value coerced = row_of(COERCIONS, param).coerce(value);
-  if (coerced.is_null()) {
-    std::string problem("Parameter '");
-    problem.append(param.spec->name).append("' of ").append(spec.name()).append(" must be ");
-    problem.append(row_of(TYPE_WORDS, param).words).append(", not ");
-    append_quoted_form(problem, value);
-    problems.push_back(std::move(problem));
-    return {};
+  const Coercion& coercion = row_of(COERCIONS, param);
+  if (value.kind() == coercion.kind) {
+    return _within(param, value);
   }
-  if (param.items_are_texts) {
-    coerced = with_each_item(coerced, [](const Value& item) { return Value(plain_form(item)); });
+  if (const Value coerced = coercion.coerce(value); !coerced.is_null()) {
+    return _within(param, coerced);
   }
-  if (param.spec->enum_.empty()) {
-    return _bounded(param, std::move(coerced));
-  }
-  return param.type == TypeWord::array ? _enum_values(param, coerced) : _enum_value(param, plain_form(coerced));
+  std::string& problem = problems.add();
+  problem.append("Parameter '").append(param.spec->name).append("' of ").append(spec.name()).append(" must be ");
+  problem.append(row_of(TYPE_WORDS, param).words).append(", not ");
+  append_quoted_form(problem, value);
+  return {};
 }
 
-Value Normalizing::_enum_values(const Param& param, const Value& list) {
-  const std::size_t problems_before = problems.size();
-  Value declared = with_each_item(list, [&](const Value& item) { return _enum_value(param, plain_form(item)); });
-  return problems.size() == problems_before ? declared : Value();
+/// A value of the parameter's type, matched with its enumeration or brought within its bounds.
+Value Normalizing::_within(const Param& param, const Value& coerced) {
+  if (param.type != TypeWord::array) {
+    return param.lowered_enum.empty() ? _bounded(param, coerced) : _enum_value(param, coerced);
+  }
+  const Value texts = param.items_are_texts ? changed_items(coerced, text_unless_text) : Value();
+  const Value& items = texts.is_null() ? coerced : texts;
+  return param.lowered_enum.empty() ? items : _enum_values(param, items);
 }
 
 }  // namespace tool_binding

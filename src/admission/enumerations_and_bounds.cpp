@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <compare>
 #include <tuple>
 #include <utility>
 
+#include "admission/changed_items.hpp"
 #include "admission/normalizing.hpp"
 #include "text/lower_case.hpp"
 #include "text/white_space.hpp"
@@ -13,8 +15,26 @@ namespace tool_binding {
 
 namespace {
 
+/// The declared value that `value` names, null when it names none.
+const Text* named_value(const detail::PreparedParam& param, const Value& value) {
+  if (param.enum_names_itself) {
+    for (std::size_t place = 0; place < param.lowered_enum.size(); ++place) {
+      if (value.is(param.lowered_enum[place])) {
+        return &param.spec->enum_[place];
+      }
+    }
+  }
+  const Text key = text::lower_case(text::strip(plain_form(value)));
+  const auto found = std::find(param.lowered_enum.begin(), param.lowered_enum.end(), key);
+  return found == param.lowered_enum.end() ? nullptr
+                                           : &param.spec->enum_[std::size_t(found - param.lowered_enum.begin())];
+}
+
 /// Order by exact numeric value. Throws TypeError for a bound that is no number: a fault of the registry.
 std::partial_ordering compare_numbers(const Value& value, const Value& bound) {
+  if (const auto small = value.to_int64(), small_bound = bound.to_int64(); small && small_bound) {
+    return *small <=> *small_bound;
+  }
   if (!bound.is_integer() && !bound.is_floating()) {
     throw TypeError("a bound is an integer or a floating number");
   }
@@ -32,23 +52,33 @@ Value as_floating(const Value& bound) { return bound.is_floating() ? bound : Val
 
 }  // namespace
 
-Value Normalizing::_enum_value(const Param& param, const Text& value) {
-  const Text key = text::lower_case(text::strip(value));
-  for (std::size_t place = 0; place < param.lowered_enum.size(); ++place) {
-    if (param.lowered_enum[place] == key) {
-      return param.spec->enum_[place];
-    }
+Value Normalizing::_enum_value(const Param& param, const Value& value) {
+  if (const Text* const declared = named_value(param, value); declared != nullptr) {
+    return *declared;
   }
-  std::string problem("Parameter '");
-  problem.append(param.spec->name).append("' of ").append(spec.name()).append(" must");
+  std::string& problem = problems.add();
+  problem.append("Parameter '").append(param.spec->name).append("' of ").append(spec.name()).append(" must");
   problem.append(param.type == detail::TypeWord::array ? " each" : "").append(" be one of: ");
   append_joined(problem, param.spec->enum_, ", ");
-  append_quoted_form(problem.append("; not "), value);
-  problems.push_back(std::move(problem));
+  append_quoted_text(problem.append("; not "), plain_form(value));
   return {};
 }
 
-Value Normalizing::_bounded(const Param& param, Value value) {
+/// Every item is tried, so that each one that names no value has a problem of its own.
+Value Normalizing::_enum_values(const Param& param, const Value& list) {
+  bool all_named = true;
+  const Value declared = changed_items(list, [&](const Value& item) {
+    Value matched = _enum_value(param, item);
+    all_named = all_named && !matched.is_null();
+    return matched.is_text() && item.is(matched.shared_text()) ? Value() : matched;
+  });
+  if (!all_named) {
+    return {};
+  }
+  return declared.is_null() ? list : declared;
+}
+
+Value Normalizing::_bounded(const Param& param, const Value& value) {
   if (!value.is_integer() && !value.is_floating()) {
     return value;
   }
@@ -60,11 +90,11 @@ Value Normalizing::_bounded(const Param& param, Value value) {
   }
   const Value& bound = below ? minimum : maximum;
   Value replacement = param.type == detail::TypeWord::integer ? as_integer(bound) : as_floating(bound);
-  std::string note("'");
-  append_quoted_form(note.append(param.spec->name).append("' "), value);
+  std::string& note = _add_note();
+  append_quoted_form(note.append("'").append(param.spec->name).append("' "), value);
   note.append(below ? " is below the minimum: " : " is above the maximum: ");
   append_quoted_form(note, replacement);
-  notes.push_back(note.append(" was used"));
+  note.append(" was used");
   return replacement;
 }
 

@@ -6,7 +6,6 @@
 #include "admission/missing.hpp"
 #include "admission/normalizing.hpp"
 #include "text/white_space.hpp"
-#include "values/joined.hpp"
 
 namespace tool_binding {
 
@@ -26,11 +25,19 @@ NormalizedArguments normalize_arguments(std::string_view tool, const ArgumentMap
 }
 
 NormalizedArguments normalize_arguments(const ToolSpec& tool, const ArgumentMap& arguments) {
-  Normalizing state(tool, arguments.size());
-  for (const auto& [name, value] : arguments) {
-    state.take(name, value);
+  // The state is gone before the error is thrown: an error costs by what it has to clean up on its way out.
+  detail::LooseText refusal;
+  {
+    Normalizing state(tool, arguments.size());
+    for (const auto& [name, value] : arguments) {
+      state.take(name, value);
+    }
+    if (state.admits()) {
+      return state.result();
+    }
+    refusal = detail::LooseText(state.refusal());
   }
-  return state.result();
+  throw ArgumentError(refusal.take());
 }
 
 Normalizing::Normalizing(const ToolSpec& tool, std::size_t argument_count)
@@ -50,7 +57,7 @@ void Normalizing::take(const Text& name, const Value& value) {
   }
   const Param* const param = prepared.param(name);
   if (param == nullptr) {
-    problems.push_back(_unknown_parameter(name));
+    _append_unknown_parameter(problems.add(), name);
     return;
   }
   if (value.is_text() && !_given(*param->spec, value)) {
@@ -70,9 +77,9 @@ void Normalizing::take(const Text& name, const Value& value) {
 bool Normalizing::_takes_synonym(const Text& name, const Param& param) {
   alias_hit = true;
   const bool given_too = slots[param.slot].named || slots[param.slot].stored();
-  std::string note("'");
-  note.append(name).append(given_too ? "' was left out: '" : "' was read as '").append(param.spec->name);
-  notes.push_back(note.append(given_too ? "' was given too" : "'"));
+  std::string& note = _add_note();
+  note.append("'").append(name).append(given_too ? "' was left out: '" : "' was read as '");
+  note.append(param.spec->name).append(given_too ? "' was given too" : "'");
   return !given_too;
 }
 
@@ -85,16 +92,22 @@ void Normalizing::_store(std::uint32_t slot, const Text& name, Value value) {
   slots[slot].place = static_cast<std::uint32_t>(arguments.size());
 }
 
-NormalizedArguments Normalizing::result() {
+/// Begins a note. The caller appends its words to the text that is returned.
+std::string& Normalizing::_add_note() {
+  constexpr std::size_t enough_for_most = 80;
+  notes.emplace_back().reserve(enough_for_most);
+  return notes.back();
+}
+
+bool Normalizing::admits() {
   const std::optional<Text> action = _action();
   if (action || spec.actions().empty()) {
     _check_required(action);
   }
-  if (!problems.empty()) {
-    std::string message;
-    append_joined(message, problems, "; ");
-    throw ArgumentError(message);
-  }
+  return problems.empty();
+}
+
+NormalizedArguments Normalizing::result() {
   return NormalizedArguments(std::move(arguments), std::move(notes), alias_hit);
 }
 
@@ -104,9 +117,7 @@ void Normalizing::_check_required(const std::optional<Text>& action) {
     return state.stored() ? &arguments[state.place - 1].value : nullptr;
   };
   const auto name = action ? std::optional<std::string_view>(*action) : std::nullopt;
-  for (std::string& problem : _missing(spec, name, value_of)) {
-    problems.push_back(std::move(problem));
-  }
+  _missing(spec, name, value_of, problems);
 }
 
 }  // namespace tool_binding

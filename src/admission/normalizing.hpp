@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "admission/problems.hpp"
 #include "admission/slot_states.hpp"
 #include "registry/prepared_tool.hpp"
 #include "tool_binding/tool_binding.hpp"
@@ -23,8 +24,14 @@ class Normalizing {
   /// Takes one argument of the request.
   void take(const Text& name, const Value& value);
 
-  /// The normalized arguments, once every argument is taken. Throws ArgumentError when something was found wrong.
+  /// Settles the action and what it needs, once every argument is taken. Returns whether nothing was found wrong.
+  [[nodiscard]] bool admits();
+
+  /// The normalized arguments. Precondition: `admits()` was true.
   [[nodiscard]] NormalizedArguments result();
+
+  /// Every problem of the request. Precondition: `admits()` was false.
+  [[nodiscard]] Text refusal() const { return problems.joined(); }
 
  private:
   using Param = detail::PreparedParam;
@@ -32,6 +39,7 @@ class Normalizing {
   // normalize_arguments.cpp
   [[nodiscard]] bool _takes_synonym(const Text& name, const Param& param);
   void _store(std::uint32_t slot, const Text& name, Value value);
+  [[nodiscard]] std::string& _add_note();
   void _check_required(const std::optional<Text>& action);
 
   // action.cpp
@@ -39,21 +47,22 @@ class Normalizing {
   [[nodiscard]] std::optional<Text> _action();
 
   // unknown_parameter.cpp
-  [[nodiscard]] std::string _unknown_parameter(const Text& name) const;
+  void _append_unknown_parameter(std::string& problem, const Text& name) const;
 
   // coercion.cpp: null for a value that cannot be read, the problem noted
   [[nodiscard]] Value _coerced(const Param& param, const Value& value);
-  [[nodiscard]] Value _enum_values(const Param& param, const Value& list);
+  [[nodiscard]] Value _within(const Param& param, const Value& coerced);
 
-  // enumerations_and_bounds.cpp
-  [[nodiscard]] Value _enum_value(const Param& param, const Text& value);
-  [[nodiscard]] Value _bounded(const Param& param, Value value);
+  // enumerations_and_bounds.cpp: the same
+  [[nodiscard]] Value _enum_value(const Param& param, const Value& value);
+  [[nodiscard]] Value _enum_values(const Param& param, const Value& list);
+  [[nodiscard]] Value _bounded(const Param& param, const Value& value);
 
   const ToolSpec& spec;
   const detail::PreparedTool& prepared;
   ArgumentMap arguments;
   std::vector<std::string> notes;
-  std::vector<std::string> problems;
+  Problems problems;
   bool alias_hit = false;
   SlotStates slots;  ///< which declared names were given as such, and which stand in `arguments`
   bool _action_refused = false;

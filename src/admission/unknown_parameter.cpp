@@ -5,9 +5,8 @@
 
 namespace tool_binding {
 
-std::string Normalizing::_unknown_parameter(const Text& name) const {
-  std::string problem("Unknown parameter '");
-  problem.append(name).append("' for ").append(spec.name()).append(".");
+void Normalizing::_append_unknown_parameter(std::string& problem, const Text& name) const {
+  problem.append("Unknown parameter '").append(name).append("' for ").append(spec.name()).append(".");
   if (const Text* const near = _nearest(name, prepared.near_params)) {
     const ParamSpec* const param = spec.param(*near);
     const Text& declared = param == nullptr ? *near : param->name;
@@ -16,11 +15,12 @@ std::string Normalizing::_unknown_parameter(const Text& name) const {
     }
   }
   if (spec.params().empty()) {
-    return problem.append(" It takes none.");
+    problem.append(" It takes none.");
+    return;
   }
   problem.append(" It takes: ");
   append_joined(problem, spec.param_names(), ", ");
-  return problem.append(".");
+  problem.append(".");
 }
 
 }  // namespace tool_binding

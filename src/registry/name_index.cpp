@@ -15,7 +15,7 @@ std::size_t hash_of(const Cell& cell) noexcept {
     return std::hash<std::string_view>{}(cell.text());
   }
   constexpr std::uint64_t odd = 0x9E3779B97F4A7C15;
-  std::uint64_t mixed = (cell.word(0) * odd) ^ cell.word(1);
+  std::uint64_t mixed = (cell.low() * odd) ^ cell.high();
   mixed = (mixed ^ (mixed >> 32U)) * odd;
   return mixed ^ (mixed >> 29U);
 }

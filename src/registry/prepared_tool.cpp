@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "text/lower_case.hpp"
+#include "text/white_space.hpp"
 
 namespace tool_binding::detail {
 
@@ -88,11 +89,13 @@ NameIndex index_slots(const ArgumentMap& bound_defaults) {
 
 PreparedParam prepare(const ParamSpec& param, const NameIndex& slots) {
   const TypeWord type = type_word(param.type);
-  PreparedParam prepared{
-      &param, type, type == TypeWord::array && param.items_type == Text("string"), slots.find(param.name), {}};
+  const bool items_are_texts = type == TypeWord::array && param.items_type == Text("string");
+  PreparedParam prepared{&param, type, items_are_texts, slots.find(param.name), true, {}};
   prepared.lowered_enum.reserve(param.enum_.size());
   for (const Text& value : param.enum_) {
-    prepared.lowered_enum.push_back(text::lower_case(value));
+    Text lowered = text::lower_case(value);
+    prepared.enum_names_itself = prepared.enum_names_itself && text::lower_case(text::strip(lowered)) == lowered;
+    prepared.lowered_enum.push_back(std::move(lowered));
   }
   return prepared;
 }
@@ -131,6 +134,9 @@ PreparedTool::PreparedTool(ToolDeclaration declaration)
   binds_action = !declared.actions.empty();
   params.reserve(declared.params.size());
   for (const ParamSpec& param : declared.params) {
+    if (param.required || !param.required_for.empty()) {
+      needed.push_back(number(params.size()));
+    }
     params.push_back(prepare(param, slots));
     binds_action = binds_action && param.name != ACTION_PARAM;
   }

@@ -23,6 +23,7 @@ struct PreparedParam {
   TypeWord type;
   bool items_are_texts;            ///< an array whose items are taken as texts
   std::uint32_t slot;              ///< the place of its name in a bound map
+  bool enum_names_itself;          ///< whether each value's lower case, sent as it is, names that value
   std::vector<Text> lowered_enum;  ///< the enumeration in lower case, value for value
 };
 
@@ -41,6 +42,7 @@ struct PreparedTool {
   std::vector<Text> action_names;
 
   std::vector<PreparedParam> params;  ///< in declared order
+  std::vector<std::uint32_t> needed;  ///< the places in `params` of those that any call needs
   NameIndex names;                    ///< declared names and synonyms to places in `params`
   NameIndex actions;                  ///< names of actions to places among the actions
   NameIndex lowered_actions;          ///< names and synonyms of actions in lower case to places among the actions

@@ -12,12 +12,10 @@ TextNode* new_text_node(std::size_t size) {
   return node;
 }
 
-void Cell::adopt_copy_of(std::string_view text) {
+TextNode* new_text_node(std::string_view text) {
   TextNode* const node = new_text_node(text.size());
   std::memcpy(node->data(), text.data(), text.size());
-  Node* const head = node;
-  std::memcpy(bytes_, &head, sizeof head);
-  set_tag(Tag::text_node);
+  return node;
 }
 
 /// Takes lists and mappings apart, outermost first, and chains what only they kept.

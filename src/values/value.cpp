@@ -82,56 +82,7 @@ Value::Value(std::vector<Value> items) : cell_(Tag::list_node, head(new detail::
 
 Value::Value(ArgumentMap entries) : cell_(Tag::mapping_node, head(new detail::MappingNode(std::move(entries)))) {}
 
-Kind Value::kind() const noexcept {
-  switch (cell_.tag()) {
-    case Tag::null:
-      return Kind::null;
-    case Tag::boolean:
-      return Kind::boolean;
-    case Tag::integer:
-    case Tag::integer_node:
-      return Kind::integer;
-    case Tag::floating:
-      return Kind::floating;
-    case Tag::list_node:
-      return Kind::list;
-    case Tag::mapping_node:
-      return Kind::mapping;
-    default:
-      return Kind::text;
-  }
-}
-
-void Value::require(bool holds, const char* wanted) const {
-  if (!holds) {
-    throw TypeError(std::string("the value is no ") + wanted);
-  }
-}
-
-bool Value::boolean() const {
-  require(is_boolean(), "boolean");
-  return cell_.content<std::uint64_t>() != 0;
-}
-
-Integer Value::integer() const {
-  require(is_integer(), "integer");
-  return Integer(cell_);
-}
-
-double Value::floating() const {
-  require(is_floating(), "floating number");
-  return cell_.content<double>();
-}
-
-std::string_view Value::text() const {
-  require(is_text(), "text");
-  return cell_.text();
-}
-
-Text Value::shared_text() const {
-  require(is_text(), "text");
-  return Text(cell_);
-}
+void Value::throw_no(const char* wanted) { throw TypeError(std::string("the value is no ") + wanted); }
 
 std::span<const Value> Value::list() const {
   require(is_list(), "list");

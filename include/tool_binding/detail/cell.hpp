@@ -2,10 +2,12 @@
 #pragma once
 
 #include <atomic>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 /// The 16 bytes under `Text`, `Integer` and `Value`, and the shared nodes that larger contents stand in.
 ///
@@ -14,15 +16,16 @@
 /// Nothing here is for a daemon's own use.
 namespace tool_binding::detail {
 
-/// What a cell holds. The tags 0 to 15 are texts that stand in the cell: the tag is 15 less the text's bytes, so that
-/// the longest one ends in a zero byte of its own and every text is zero-terminated.
+/// What a cell holds; a node where the highest bit is set. The tags 0 to 15 are texts that stand in the cell: the tag
+/// is 15 less the text's bytes, so that the longest one ends in a zero byte of its own and every text is
+/// zero-terminated.
 enum class Tag : std::uint8_t {
   empty_text = 15,
   null = 16,
   boolean,
   integer,
   floating,
-  text_node = 0x80,
+  text_node = 0x80 + 24,
   integer_node,
   list_node,
   mapping_node,
@@ -47,6 +50,7 @@ struct TextNode : Node {
 
 /// A node of `size` bytes with its closing zero, count 1; the bytes are the caller's to fill before it is shared.
 [[nodiscard]] TextNode* new_text_node(std::size_t size);
+[[nodiscard]] TextNode* new_text_node(std::string_view text);
 
 /// The destruction of nodes, which reaches into lists and mappings.
 struct NodeAccess;
@@ -54,42 +58,82 @@ struct NodeAccess;
 /// Destroys a node whose count has come to zero, and every node that only it kept, without recursion.
 void destroy_node(Node* node, Tag tag) noexcept;
 
+/// What a cell held, with nobody to give it back: whoever takes it makes a cell of it, once.
+struct LooseCell {
+  std::uint64_t low = 0;
+  std::uint64_t high = std::uint64_t{static_cast<std::uint8_t>(Tag::null)} << 56U;
+};
+
+/// The bytes of a text of at most 15 as the two halves of a cell, without a loop over them.
+struct ShortText {
+  std::uint64_t low = 0;
+  std::uint64_t high = 0;
+
+  explicit ShortText(std::string_view text) noexcept {
+    const std::size_t size = text.size();
+    if (size >= 8) {
+      low = load<std::uint64_t>(text.data());
+      high = size == 8 ? 0 : load<std::uint64_t>(text.data() + size - 8) >> (8 * (16 - size));
+    } else if (size >= 4) {
+      const std::uint64_t last = load<std::uint32_t>(text.data() + size - 4);
+      low = load<std::uint32_t>(text.data()) | last << (8 * (size - 4));
+    } else if (size > 0) {
+      const auto byte = [&](std::size_t place) { return std::uint64_t{static_cast<unsigned char>(text[place])}; };
+      low = byte(0) | byte(size / 2) << (8 * (size / 2)) | byte(size - 1) << (8 * (size - 1));
+    }
+    high |= std::uint64_t{inline_text_size - size} << 56U;
+  }
+
+ private:
+  template <class Number>
+  static std::uint64_t load(const char* bytes) noexcept {
+    Number number;
+    std::memcpy(&number, bytes, sizeof number);
+    return number;
+  }
+};
+
+static_assert(std::endian::native == std::endian::little, "the tag is the last byte of a cell");
+
 class Cell {
  public:
-  explicit Cell(Tag tag) noexcept { set_tag(tag); }
+  explicit Cell(Tag tag) noexcept : high_(shifted(tag)) {}
 
   /// A cell of `tag` with eight bytes of content.
   template <class Content>
-  Cell(Tag tag, Content content) noexcept {
-    static_assert(sizeof(Content) <= 8);
-    std::memcpy(bytes_, &content, sizeof content);
-    set_tag(tag);
-  }
+  Cell(Tag tag, Content content) noexcept : low_(std::bit_cast<std::uint64_t>(content)), high_(shifted(tag)) {}
 
   /// A cell that holds `text`: in itself where it fits, else in a new node.
   explicit Cell(std::string_view text) {
     if (text.size() > inline_text_size) {
-      adopt_copy_of(text);
+      low_ = std::bit_cast<std::uint64_t>(static_cast<Node*>(new_text_node(text)));
+      high_ = shifted(Tag::text_node);
       return;
     }
-    if (!text.empty()) {
-      std::memcpy(bytes_, text.data(), text.size());
-    }
-    bytes_[15] = static_cast<unsigned char>(inline_text_size - text.size());
+    const ShortText packed(text);
+    low_ = packed.low;
+    high_ = packed.high;
   }
 
-  Cell(const Cell& other) noexcept {
-    std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+  Cell(const Cell& other) noexcept : low_(other.low_), high_(other.high_) {
     if (holds_node()) {
       node()->count.fetch_add(1, std::memory_order_relaxed);
     }
   }
 
   /// Takes over `other`, which holds `left_behind` afterwards.
-  Cell(Cell& other, Tag left_behind) noexcept {
-    std::memcpy(bytes_, other.bytes_, sizeof bytes_);
-    std::memset(other.bytes_, 0, sizeof other.bytes_);
-    other.set_tag(left_behind);
+  Cell(Cell& other, Tag left_behind) noexcept : low_(other.low_), high_(other.high_) {
+    other.low_ = 0;
+    other.high_ = shifted(left_behind);
+  }
+
+  explicit Cell(LooseCell loose) noexcept : low_(loose.low), high_(loose.high) {}
+
+  /// Gives the content away and becomes null.
+  [[nodiscard]] LooseCell loosen() noexcept {
+    const LooseCell loose{low_, high_};
+    high_ = shifted(Tag::null);
+    return loose;
   }
 
   Cell& operator=(const Cell&) = delete;
@@ -101,36 +145,29 @@ class Cell {
   }
 
   void swap(Cell& other) noexcept {
-    unsigned char kept[16];
-    std::memcpy(kept, bytes_, sizeof bytes_);
-    std::memcpy(bytes_, other.bytes_, sizeof bytes_);
-    std::memcpy(other.bytes_, kept, sizeof bytes_);
+    std::swap(low_, other.low_);
+    std::swap(high_, other.high_);
   }
 
   /// Becomes null without giving the node's reference back. Precondition: `holds_node()`.
-  void forget_node() noexcept { set_tag(Tag::null); }
+  void forget_node() noexcept { high_ = shifted(Tag::null); }
 
-  [[nodiscard]] Tag tag() const noexcept { return static_cast<Tag>(bytes_[15]); }
-  [[nodiscard]] bool holds_node() const noexcept { return (bytes_[15] & 0x80U) != 0; }
-  [[nodiscard]] bool holds_text() const noexcept { return bytes_[15] <= inline_text_size || tag() == Tag::text_node; }
+  [[nodiscard]] Tag tag() const noexcept { return static_cast<Tag>(high_ >> 56U); }
+  [[nodiscard]] bool holds_node() const noexcept { return static_cast<std::int64_t>(high_) < 0; }
+  [[nodiscard]] bool holds_text() const noexcept { return tag() <= Tag::empty_text || tag() == Tag::text_node; }
 
   /// Whether the 16 bytes are the same: equal content, for all but two nodes and two floating numbers.
   [[nodiscard]] bool same_bytes(const Cell& other) const noexcept {
-    return word(0) == other.word(0) && word(1) == other.word(1);
+    return ((low_ ^ other.low_) | (high_ ^ other.high_)) == 0;
   }
 
-  /// One of the two halves, as the tables of names hash and compare them. Precondition: `half` is 0 or 1.
-  [[nodiscard]] std::uint64_t word(std::size_t half) const noexcept {
-    std::uint64_t bits = 0;
-    std::memcpy(&bits, bytes_ + 8 * half, sizeof bits);
-    return bits;
-  }
+  /// The two halves, as the tables of names hash them.
+  [[nodiscard]] std::uint64_t low() const noexcept { return low_; }
+  [[nodiscard]] std::uint64_t high() const noexcept { return high_; }
 
   template <class Content>
   [[nodiscard]] Content content() const noexcept {
-    Content content;
-    std::memcpy(&content, bytes_, sizeof content);
-    return content;
+    return std::bit_cast<Content>(low_);
   }
 
   [[nodiscard]] Node* node() const noexcept { return content<Node*>(); }
@@ -141,12 +178,11 @@ class Cell {
       const auto* held = static_cast<const TextNode*>(node());
       return {held->data(), held->size};
     }
-    return {reinterpret_cast<const char*>(bytes_), inline_text_size - bytes_[15]};
+    return {reinterpret_cast<const char*>(this), inline_text_size - static_cast<std::size_t>(high_ >> 56U)};
   }
 
  private:
-  void set_tag(Tag tag) noexcept { bytes_[15] = static_cast<unsigned char>(tag); }
-  void adopt_copy_of(std::string_view text);
+  static constexpr std::uint64_t shifted(Tag tag) noexcept { return static_cast<std::uint64_t>(tag) << 56U; }
 
   void release() noexcept {
     Node* const held = node();
@@ -155,7 +191,8 @@ class Cell {
     }
   }
 
-  alignas(8) unsigned char bytes_[16] = {};
+  std::uint64_t low_ = 0;
+  std::uint64_t high_ = 0;
 };
 
 static_assert(sizeof(Cell) == 16);
