@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "tool_binding/ordered_map.hpp"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+#include <utility>
+
+#include "support/one_line.hpp"
+
+namespace tool_binding {
+namespace {
+
+std::string name_of(std::size_t number) { return "name " + std::to_string(number); }
+
+/// The entries "name 0" to "name <count - 1>", each with its number.
+ArgumentMap numbered(std::size_t count) {
+  ArgumentMap map;
+  for (std::size_t number = 0; number < count; ++number) {
+    map.set(name_of(number), number);
+  }
+  return map;
+}
+
+void expect_numbered(const ArgumentMap& map, std::size_t count) {
+  ASSERT_EQ(map.size(), count);
+  for (std::size_t number = 0; number < count; ++number) {
+    const Value* const found = map.find(name_of(number));
+    ASSERT_NE(found, nullptr) << number << " of " << count;
+    EXPECT_EQ(found, &map[number].value) << number << " of " << count;
+    EXPECT_EQ(*found, Value(number));
+    EXPECT_EQ(map.place_in_a_row(name_of(number)), number);
+  }
+  EXPECT_FALSE(map.contains(name_of(count)) || map.contains("name") || map.contains(""));
+  EXPECT_EQ(map.place_in_a_row(name_of(count)), count);
+}
+
+TEST(OrderedMap, KeepsAnEntryInItsFirstPlace) {
+  ArgumentMap map = {{"b", 1}, {"a", 2}, {"b", 3}};
+  EXPECT_EQ(one_line(map), "{b: 3, a: 2}");
+  map.set("c", 4);
+  map.set("a", {});
+  EXPECT_EQ(one_line(map), "{b: 3, a: None, c: 4}");
+  EXPECT_TRUE(map.contains("a") && !map.contains("A"));
+  EXPECT_NE(map, (ArgumentMap{{"a", nullptr}, {"b", 3}, {"c", 4}}));
+  EXPECT_NE(map, (ArgumentMap{{"b", 3}, {"a", nullptr}}));
+  EXPECT_EQ(map, (ArgumentMap{{"b", 3}, {"a", nullptr}, {"c", 4}}));
+}
+
+TEST(OrderedMap, FindsEveryEntryAtAnySize) {
+  for (const std::size_t count : {0U, 1U, 15U, 16U, 17U, 18U, 100U}) {
+    ArgumentMap map = numbered(count);
+    expect_numbered(map, count);
+    for (std::size_t number = 0; number < count; ++number) {
+      map.set(name_of(number), "other");
+      map.set(name_of(number), number);
+    }
+    map.append(name_of(count), count);
+    expect_numbered(map, count + 1);
+  }
+}
+
+TEST(OrderedMap, KeepsItsCopiesApart) {
+  for (const std::size_t count : {3U, 40U}) {
+    ArgumentMap map = numbered(count);
+    expect_numbered(map, count);
+    ArgumentMap copy = map;
+    copy.set(name_of(count), count);
+    copy.set(name_of(0), "changed");
+    expect_numbered(map, count);
+    EXPECT_EQ(*copy.find(name_of(0)), Value("changed"));
+    EXPECT_EQ(*copy.find(name_of(count)), Value(count));
+
+    ArgumentMap moved = std::move(map);
+    expect_numbered(moved, count);
+    expect_numbered(map, 0);  // NOLINT(bugprone-use-after-move): a map that was moved from is empty
+    map.set("a", 1);
+    EXPECT_EQ(one_line(map), "{a: 1}");
+    copy = numbered(count + 20);
+    expect_numbered(copy, count + 20);
+    copy = std::move(moved);
+    expect_numbered(copy, count);
+    const ArgumentMap& same = copy;
+    copy = same;
+    expect_numbered(copy, count);
+  }
+}
+
+TEST(OrderedMap, TakesManyEntriesInLittleMoreThanTheirNumber) {
+  const auto start = std::chrono::steady_clock::now();
+  const ArgumentMap map = numbered(100'000);
+  EXPECT_EQ(*map.find(name_of(99'999)), Value(99'999));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+}
+
+}  // namespace
+}  // namespace tool_binding
