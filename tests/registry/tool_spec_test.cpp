@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "support/one_line.hpp"
+
+namespace tool_binding {
+namespace {
+
+template <class Record>
+std::string name_of(const Record* found) {
+  return found == nullptr ? "none" : std::string(found->name);
+}
+
+TEST(ToolSpec, HandsOutItsRecordsInDeclaredOrder) {
+  const ToolSpec tool({.name = "files",
+                       .description = "about",
+                       .actions = {{.name = "read"}, {.name = "list"}},
+                       .default_action = "list",
+                       .params = {{.name = "path", .type = "string"}, {.name = "line", .type = "integer"}}});
+  EXPECT_EQ(tool.name(), "files");
+  EXPECT_EQ(tool.description(), "about");
+  EXPECT_EQ(tool.default_action(), std::optional<Text>("list"));
+  EXPECT_EQ(tool.params()[1].type, "integer");
+  EXPECT_EQ(tool.actions()[1].name, "list");
+  EXPECT_EQ(std::vector<Text>(tool.param_names().begin(), tool.param_names().end()),
+            (std::vector<Text>{"path", "line"}));
+  EXPECT_EQ(std::vector<Text>(tool.action_names().begin(), tool.action_names().end()),
+            (std::vector<Text>{"read", "list"}));
+}
+
+TEST(ToolSpec, FindsAParameterByItsDeclaredNameBeforeAnySynonym) {
+  const ToolSpec tool({.name = "search",
+                       .params = {{.name = "a", .type = "string", .synonyms = {"b", "shared", "its own long synonym"}},
+                                  {.name = "b", .type = "string", .synonyms = {"a", "shared", "other"}},
+                                  {.name = "a declared name of some length", .type = "string"}}});
+  const std::pair<Text, const char*> rows[] = {
+      {"a", "a"},
+      {"b", "b"},
+      {"shared", "a"},
+      {"other", "b"},
+      {"its own long synonym", "a"},
+      {"a declared name of some length", "a declared name of some length"},
+      {"A", "none"},
+      {" a", "none"},
+      {"", "none"},
+      {"a declared name of some lengt", "none"},
+  };
+  for (const auto& [name, expected] : rows) {
+    EXPECT_EQ(name_of(tool.param(name)), expected) << name.view();
+  }
+  EXPECT_EQ(tool.param("shared"), tool.param("a"));
+  EXPECT_EQ(name_of(ToolSpec({.name = "status"}).param("a")), "none");
+}
+
+TEST(ToolSpec, FindsAnActionWhateverItsCase) {
+  const ToolSpec tool({.name = "files",
+                       .actions = {{.name = "list", .synonyms = {"ls", "READ"}},
+                                   {.name = "read", .synonyms = {"LS", "cat"}},
+                                   {.name = "Read"},
+                                   {.name = " spaced "},
+                                   {.name = "\u039F\u03A3", .synonyms = {"\u0130"}}}});
+  const std::pair<Value, const char*> rows[] = {
+      {"list", "list"},
+      {"read", "read"},
+      {"Read", "Read"},
+      {"rEAD", "list"},
+      {" read", "list"},
+      {"ls", "list"},
+      {"LS", "list"},
+      {"\u3000CAT\t", "read"},
+      {" spaced ", " spaced "},
+      {"spaced", "none"},
+      {"\u03BF\u03C2", "\u039F\u03A3"},
+      {"i\u0307", "\u039F\u03A3"},
+      {"i", "none"},
+      {"", "none"},
+      {"lis", "none"},
+      {5, "none"},
+      {nullptr, "none"},
+      {std::vector<Value>{"list"}, "none"},
+  };
+  for (const auto& [value, expected] : rows) {
+    EXPECT_EQ(name_of(tool.action(value)), expected) << quoted_form(value);
+  }
+  EXPECT_EQ(name_of(ToolSpec({.name = "status"}).action("list")), "none");
+}
+
+TEST(ToolSpec, WordsTheRefusalOfAnAction) {
+  const ToolSpec tool({.name = "files", .actions = {{.name = "list", .synonyms = {"ls"}}, {.name = "read"}}});
+  EXPECT_EQ(tool.unknown_action_error(" it's "), "Unknown action ' it's ' for files: one of list, read");
+  EXPECT_EQ(tool.unknown_action_error(5.0), "Unknown action '5.0' for files: one of list, read");
+}
+
+TEST(ParamSpec, IsRequiredByEveryCallOrByItsActions) {
+  const ParamSpec always = {.name = "p", .type = "string", .required = true};
+  const ParamSpec sometimes = {.name = "p", .type = "string", .required_for = {"list", "read"}};
+  EXPECT_TRUE(always.required_by({}) && always.required_by("list"));
+  EXPECT_TRUE(sometimes.required_by("list") && sometimes.required_by("read"));
+  EXPECT_FALSE(sometimes.required_by({}) || sometimes.required_by("") || sometimes.required_by("List"));
+}
+
+}  // namespace
+}  // namespace tool_binding
