@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/one_line.hpp"
+
+namespace tool_binding {
+namespace {
+
+using Kind = Parameter::Kind;
+
+TEST(HandlerKwargs, AreTheBoundArgumentsThenTheContextThatTheHandlerTakes) {
+  const std::string engine = "engine";
+  const std::string root = "root";
+  const std::string path = "context path";
+  const KeywordArguments context = {{"root", KeywordArgument::context(root)},
+                                    {"engine", KeywordArgument::context(engine)},
+                                    {"path", KeywordArgument::context(path)}};
+  const ArgumentMap bound = {{"action", "list"}, {"path", "a"}, {"limit", nullptr}};
+  const Parameter any = {"options", Kind::VAR_KEYWORD};
+  const Parameter rest = {"engine", Kind::VAR_POSITIONAL};
+  struct Row {
+    const char* shows;
+    std::vector<Parameter> parameters;
+    std::string expected;
+  };
+  const std::string alone = "{action: 'list', path: 'a', limit: None}";
+  const std::string whole = "{action: 'list', path: <context path>, limit: None, root: <root>, engine: <engine>}";
+  const Row rows[] = {
+      {"nothing declared", {}, alone},
+      {"further positional values only", {rest}, alone},
+      {"any keyword", {any}, whole},
+      {"any keyword and positional values", {rest, any}, whole},
+      {"any keyword and named ones", {any, {"limit"}, {"engine"}}, whole},
+      {"what is named", {{"engine"}, {"limit"}}, "{action: 'list', path: 'a', limit: None, engine: <engine>}"},
+      {"in the context's order, less what is not offered",
+       {{"engine"}, {"other"}, {"root"}},
+       "{action: 'list', path: 'a', limit: None, root: <root>, engine: <engine>}"},
+      {"in the place of a bound argument", {{"path"}}, "{action: 'list', path: <context path>, limit: None}"},
+      {"names are compared exactly", {{"Engine"}, {"options", Kind::NAMED}}, alone},
+  };
+  for (const Row& row : rows) {
+    const Handler handler = {{row.parameters}, {}};
+    EXPECT_EQ(one_line(handler_kwargs(handler, bound, context)), row.expected) << row.shows;
+    EXPECT_EQ(one_line(handler_kwargs(handler, bound, {})), alone) << row.shows;
+    EXPECT_EQ(one_line(bound), alone) << row.shows;
+    EXPECT_EQ(one_line(context), "{root: <root>, engine: <engine>, path: <context path>}") << row.shows;
+  }
+  EXPECT_EQ(one_line(handler_kwargs({{{any}}, {}}, {}, context)), one_line(context));
+}
+
+TEST(HandlerKwargs, ReachTheHandler) {
+  std::size_t calls = 0;
+  const Handler handler = {{{{"counter"}}}, [](const KeywordArguments& given) {
+                             return Value(++given.find("counter")->item<std::size_t>() + given.size());
+                           }};
+  const KeywordArguments context = {{"counter", KeywordArgument::context(calls)}};
+  EXPECT_EQ(handler.function(handler_kwargs(handler, {{"a", 1}}, context)), Value(3));
+  EXPECT_EQ(calls, 1U);
+}
+
+}  // namespace
+}  // namespace tool_binding
