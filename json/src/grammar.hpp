@@ -15,8 +15,9 @@ namespace tool_binding::json {
 inline constexpr std::size_t deepest_level = 1000;
 
 /// Walks the tokens of one text in the grammar of JSON (RFC 8259) and tells a builder what it meets:
-/// `open(place)`, `key(Text, place)`, `scalar(Value, place)`, `close_list()` and `close_mapping()`, a place being the
-/// byte in the text. Throws ParseError, and may leave the builder with containers that were never closed.
+/// `open(place)`, `key(view, place)`, `scalar(content, place)`, `close_list()` and `close_mapping()`. A place is the
+/// byte in the text; the content is a Value or, for a text, a view that the builder must copy. Throws ParseError, and
+/// may leave the builder with containers that were never closed.
 template <class Builder>
 class Grammar {
  public:
@@ -98,7 +99,7 @@ class Grammar {
       fail("a key between double quotes is missing");
     }
     const std::size_t place = tokens_.begin_of(next_);
-    builder_.key(Text(read_text(tokens_, next_++, unescaped_)), place);
+    builder_.key(read_text(tokens_, next_++, unescaped_), place);
     if (tokens_.first_of(next_) != ':') {
       fail("a colon is missing");
     }
@@ -110,7 +111,11 @@ class Grammar {
       fail("a value is missing");
     }
     const std::size_t place = tokens_.begin_of(next_);
-    builder_.scalar(read_scalar(tokens_, next_, unescaped_), place);
+    if (tokens_.first_of(next_) == '"') {
+      builder_.scalar(read_text(tokens_, next_, unescaped_), place);
+    } else {
+      builder_.scalar(read_number_or_word(tokens_, next_), place);
+    }
     ++next_;
   }
 

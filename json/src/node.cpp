@@ -35,7 +35,7 @@ class NodeBuilder {
   explicit NodeBuilder(std::string_view text) : text_(text) {}
 
   void open(std::size_t place) { opened_.push_back({line_at(place), nodes_.size(), names_.size()}); }
-  void key(Text name, std::size_t /*place*/) { names_.push_back(std::move(name)); }
+  void key(std::string_view name, std::size_t /*place*/) { names_.emplace_back(name); }
   void scalar(Value value, std::size_t place) { nodes_.push_back({std::move(value), line_at(place)}); }
 
   void close_list() {

@@ -48,7 +48,7 @@ class ActionWords {
 
   /// The space before the word keeps a name that equals it from coming before an earlier action.
   static std::optional<std::size_t> first_in(const ToolSpec& tool, const Text& word) {
-    const ActionSpec* const action = tool.action(" " + std::string(word.view()));
+    const ActionSpec* const action = tool.action(std::string(" ").append(word));
     return action == nullptr ? std::nullopt : std::optional(static_cast<std::size_t>(action - tool.actions().data()));
   }
 

@@ -32,11 +32,8 @@ bool separates(char byte) noexcept { return byte == ',' || byte == ':' || byte =
 
 }  // namespace
 
-Value read_scalar(const Tokens& tokens, std::size_t token, std::string& unescaped) {
+Value read_number_or_word(const Tokens& tokens, std::size_t token) {
   const char first = tokens.first_of(token);
-  if (first == '"') {
-    return read_text(tokens, token, unescaped);
-  }
   if (first >= '0' && first <= '9') {
     return read_number(tokens, token);
   }

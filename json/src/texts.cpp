@@ -100,13 +100,12 @@ class Unescaping {
 
 }  // namespace
 
-std::string_view read_text(const Tokens& tokens, std::size_t token, std::string& unescaped) {
-  const std::string_view quoted = tokens.whole(token);
-  const std::string_view content = quoted.substr(1, quoted.size() - 2);
+std::string_view replace_escapes(const Tokens& tokens, std::size_t begin, std::string_view content,
+                                 std::string& unescaped) {
   if (content.find('\\') == std::string_view::npos) {
     return content;
   }
-  Unescaping(tokens, tokens.begin_of(token) + 1, content, unescaped).run();
+  Unescaping(tokens, begin, content, unescaped).run();
   return unescaped;
 }
 

@@ -68,6 +68,7 @@ void Tokens::cut(std::string_view text) {
   if (found.stage1(bytes, size_, simdjson::stage1_mode::regular) != simdjson::SUCCESS) {
     refuse();
   }
+  hold_backslash_ = text.find('\\') != std::string_view::npos;
   count_ = found.n_structural_indexes;
   begins_ = found.structural_indexes.get();
 }

@@ -25,6 +25,9 @@ class Tokens {
 
   [[nodiscard]] std::size_t count() const noexcept { return count_; }
 
+  /// Whether there is a backslash anywhere; most texts have none, and none of their tokens needs to be searched.
+  [[nodiscard]] bool hold_backslash() const noexcept { return hold_backslash_; }
+
   /// The byte at which a token begins; that of the token `count()` is the text's end.
   [[nodiscard]] std::size_t begin_of(std::size_t token) const noexcept { return begins_[token]; }
 
@@ -60,6 +63,7 @@ class Tokens {
   std::size_t room_ = 0;
   std::size_t size_ = 0;
   std::size_t count_ = 0;
+  bool hold_backslash_ = false;
   const std::uint32_t* begins_ = nullptr;
 };
 

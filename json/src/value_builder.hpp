@@ -3,6 +3,8 @@
 
 #include <cstddef>
 #include <iterator>
+#include <span>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -38,8 +40,11 @@ class ValueBuilder {
   }
 
   void open(std::size_t /*place*/) { opened_.push_back({values_.size(), names_.size()}); }
-  void key(Text name, std::size_t /*place*/) { names_.push_back(std::move(name)); }
-  void scalar(Value value, std::size_t /*place*/) { values_.push_back(std::move(value)); }
+  void key(std::string_view name, std::size_t /*place*/) { names_.emplace_back(name); }
+  template <class Content>
+  void scalar(Content&& content, std::size_t /*place*/) {
+    values_.emplace_back(std::forward<Content>(content));
+  }
 
   void close_list() {
     const auto first = values_.begin() + static_cast<std::ptrdiff_t>(opened_.back().value);

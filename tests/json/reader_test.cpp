@@ -43,7 +43,7 @@ const std::vector<AcceptedRow>& accepted() {
       {"words for doubles", "[Infinity,-Infinity]", List{infinity, -infinity}},
       {"white space of every kind", " \t\r\n{ \"a\"\n:\r[ 1\t, 2 ] } \n", ArgumentMap{{"a", List{1, 2}}}},
       {"a scalar alone", "5", 5},
-      {"empty containers", "[[],{},[[]]]", List{List{}, ArgumentMap{}, List{List{}}}},
+      {"empty containers", "[[],{},[[]]]", List{List{}, ArgumentMap{}, List{Value(List{})}}},
       {"siblings behind containers", R"({"a":{"b":[1]},"c":[{}],"d":2})",
        ArgumentMap{{"a", ArgumentMap{{"b", List{1}}}}, {"c", List{ArgumentMap{}}}, {"d", 2}}},
       {"zeros", "[0, -0, -0.0, 0e5]", List{0, 0, -0.0, 0.0}},
@@ -96,7 +96,7 @@ TEST(Reader, KeepsFirstPlaceAndLastValueInLargeObjects) {
   const Value value = read(text + "}");
   ASSERT_EQ(value.mapping().size(), 1000U);
   for (std::size_t place = 0; place < 1000; ++place) {
-    EXPECT_EQ(value.mapping()[place].name, "k" + std::to_string(place));
+    EXPECT_EQ(value.mapping()[place].name, std::string("k").append(std::to_string(place)));
     EXPECT_EQ(value.mapping()[place].value, Value(place + 2000));
   }
 }

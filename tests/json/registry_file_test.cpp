@@ -185,6 +185,9 @@ TEST(RegistryFile, RefusesWhatTheRegistryCannotUse) {
       {"bounds", param_with(R"("minimum": "1", "maximum": NaN)"),
        "line 1: tools[0].params[0].minimum: must be a number, not '1'\n"
        "line 1: tools[0].params[0].maximum: must be a number, not nan"},
+      {"a fault of shape hides no neighbour of a longer name", param_with(R"("required": 0, "required_for": ["x"])"),
+       "line 1: tools[0].params[0].required: must be true or false, not an integer\n"
+       "line 1: tools[0].params[0].required_for[0]: 'x' is no declared action"},
       {"shape and content at once", tool_with("\"params\": [{\"name\": \"p\", \"type\": \"text\",\n\"required\": 0}]"),
        "line 1: tools[0].params[0].type: must be integer, number, boolean, string or array, not 'text'\n"
        "line 2: tools[0].params[0].required: must be true or false, not an integer"},
