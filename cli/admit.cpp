@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "answer.hpp"
+#include "answer_lines.hpp"
+#include "command.hpp"
+#include "loading.hpp"
+#include "options.hpp"
+#include "tool_binding/json/reader.hpp"
+#include "tool_binding/tool_binding.hpp"
+
+namespace tool_binding::cli {
+
+namespace {
+
+/// Answers requests, each with the keywords that its handler would be called with.
+class Admission {
+ public:
+  explicit Admission(const Files& files)
+      : handlers_(load_registry(files.registry)), context_(load_context(files.context)) {}
+
+  Outcome answer(const Line& line, std::string& out) {
+    Envelope envelope;
+    std::optional<Text> tool;
+    try {
+      const Value request = read(line.text, envelope);
+      envelope = envelope_of(request);
+      const Call call = read_call(request, envelope.shape);
+      tool = call.tool;
+      append_result(out, envelope, call);
+      return Outcome::answered;
+    } catch (...) {
+      append_refusal(out, envelope, tool, current_refusal(line.number));
+      return Outcome::refused;
+    }
+  }
+
+ private:
+  Value read(std::string_view text, Envelope& envelope) {
+    try {
+      return reader_.read(text);
+    } catch (const json::ParseError&) {
+      envelope = envelope_of_ill_formed(text);
+      throw;
+    }
+  }
+
+  /// The walk of one call. What may refuse it stands before the first byte of the answer.
+  void append_result(std::string& out, const Envelope& envelope, const Call& call) {
+    const ToolSpec& tool = TOOLS[call.tool];
+    const NormalizedArguments admitted = normalize_arguments(tool, call.arguments.mapping());
+    const ArgumentMap bound = bind_arguments(tool, admitted.arguments());
+    const KeywordArguments keywords = handler_kwargs(*handlers_.find(call.tool), bound, context_);
+
+    ObjectWriter answer = begin_answer(out, envelope, "result");
+    answer.add("tool", call.tool);
+    answer.add("arguments", admitted.arguments());
+    answer.add("notes", std::vector<Value>(admitted.notes().begin(), admitted.notes().end()));
+    answer.add("alias_hit", admitted.alias_hit());
+    answer.add("bound", bound);
+    answer.add("keywords", keywords);
+    end_answer(out, envelope);
+  }
+
+  Handlers handlers_;
+  KeywordArguments context_;
+  json::Reader reader_;
+};
+
+ExitStatus admit(const Files& files) {
+  Admission admission(files);
+  return answer_lines(files.lines, [&](const Line& line, std::string& out) { return admission.answer(line, out); });
+}
+
+}  // namespace
+
+Run declare_admit(CLI::App& command) {
+  const auto files = std::make_shared<Files>();
+  add_registry_option(command, *files);
+  add_context_option(command, *files);
+  add_lines_argument(command, *files, "REQUESTS");
+  return [files] { return admit(*files); };
+}
+
+}  // namespace tool_binding::cli

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "exit_status.hpp"
+#include "input_lines.hpp"
+
+namespace tool_binding::cli {
+
+enum class Outcome : bool { answered, refused };
+
+/// Appends the answer to a line, without a line feed, to `out`.
+using Answerer = std::function<Outcome(const Line& line, std::string& out)>;
+
+/// Answers every line of a file on standard output, in order, and skips blank ones. Answers are written before more
+/// input is waited for; while there is input, they are gathered. Ends early when nobody reads the answers any more.
+/// Throws std::system_error.
+[[nodiscard]] ExitStatus answer_lines(const std::string& path, const Answerer& answer);
+
+}  // namespace tool_binding::cli

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "answer_questions.hpp"
+
+#include <optional>
+#include <string>
+
+#include "answer.hpp"
+#include "answer_lines.hpp"
+#include "loading.hpp"
+#include "tool_binding/json/reader.hpp"
+
+namespace tool_binding::cli {
+
+namespace {
+
+void append_reply(std::string& out, const Text& tool, const Text& name, const Value& value) {
+  ObjectWriter answer(out);
+  answer.add("tool", tool);
+  answer.add(name, value);
+  answer.end();
+}
+
+}  // namespace
+
+ExitStatus answer_questions(const Files& files, const Text& name, const Question& question) {
+  static_cast<void>(load_registry(files.registry));
+  json::Reader reader;
+  return answer_lines(files.lines, [&](const Line& line, std::string& out) {
+    std::optional<Text> tool;
+    try {
+      const Value request = reader.read(line.text);
+      const ArgumentMap& members = members_of(request);
+      tool = required_text(members, "tool");
+      append_reply(out, *tool, name, question(*tool, members));
+      return Outcome::answered;
+    } catch (...) {
+      append_refusal(out, {}, tool, current_refusal(line.number));
+      return Outcome::refused;
+    }
+  });
+}
+
+}  // namespace tool_binding::cli

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+
+#include "exit_status.hpp"
+#include "options.hpp"
+#include "tool_binding/value.hpp"
+
+namespace tool_binding::cli {
+
+/// What a line asks about its tool. Throws NoRequest and the errors of the layer.
+using Question = std::function<Value(const Text& tool, const ArgumentMap& line)>;
+
+/// Loads the registry and answers every line {"tool": …} with {"tool": …, NAME: VALUE}, where VALUE answers the
+/// question, or with a refusal. Throws UnusableFile and std::system_error.
+[[nodiscard]] ExitStatus answer_questions(const Files& files, const Text& name, const Question& question);
+
+}  // namespace tool_binding::cli

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "input.hpp"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+namespace tool_binding::cli {
+
+namespace {
+
+constexpr int none = -1;
+
+[[noreturn]] void fail(const std::string& path) {
+  const std::string what = path == standard_input ? "standard input" : path;
+  throw std::system_error(errno, std::generic_category(), "cannot read " + what);
+}
+
+}  // namespace
+
+Input::Input(const std::string& path)
+    : path_(path), descriptor_(path == standard_input ? STDIN_FILENO : open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
+  if (descriptor_ == none) {
+    fail(path_);
+  }
+}
+
+Input::Input(Input&& other) noexcept
+    : path_(std::move(other.path_)), descriptor_(std::exchange(other.descriptor_, none)) {}
+
+Input::~Input() {
+  if (descriptor_ != none && descriptor_ != STDIN_FILENO) {
+    close(descriptor_);
+  }
+}
+
+std::size_t Input::read(std::span<char> room) {
+  ssize_t count = 0;
+  do {
+    count = ::read(descriptor_, room.data(), room.size());
+  } while (count < 0 && errno == EINTR);
+  if (count < 0) {
+    fail(path_);
+  }
+  return static_cast<std::size_t>(count);
+}
+
+std::string read_file(const std::string& path) {
+  constexpr std::size_t step = 64 * 1024;
+  Input input(path);
+  std::string content;
+  std::size_t filled = 0;
+  std::size_t count = 0;
+  do {
+    content.resize(filled + step);
+    count = input.read({content.data() + filled, step});
+    filled += count;
+  } while (count != 0);
+  content.resize(filled);
+  return content;
+}
+
+}  // namespace tool_binding::cli

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+
+namespace tool_binding::cli {
+
+/// The path that stands for standard input.
+inline constexpr const char* standard_input = "-";
+
+/// A file, or standard input, to be read from first to last.
+class Input {
+ public:
+  /// Throws std::system_error for a file that cannot be opened.
+  explicit Input(const std::string& path);
+  Input(Input&& other) noexcept;
+  Input& operator=(Input&&) = delete;
+  ~Input();
+
+  /// Reads what is there into `room`, waits only when nothing is, and returns how many bytes came: none at the end.
+  /// Throws std::system_error. Precondition: `room` is not empty.
+  [[nodiscard]] std::size_t read(std::span<char> room);
+
+ private:
+  std::string path_;
+  int descriptor_;
+};
+
+/// The whole content of a file. Throws std::system_error.
+[[nodiscard]] std::string read_file(const std::string& path);
+
+}  // namespace tool_binding::cli

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "tool_binding/errors.hpp"
+#include "tool_binding/handler.hpp"
+
+/// What is read once, before the first line is answered.
+namespace tool_binding::cli {
+
+/// A registry or a context that cannot be used. Its message has a line for each fault, which begins with the path.
+class UnusableFile : public Error {
+ public:
+  UnusableFile(const std::string& path, std::string_view faults);
+};
+
+/// The handlers by the names of their tools.
+using Handlers = OrderedMap<Handler>;
+
+/// Fills `TOOLS` from a registry file. Throws UnusableFile, and std::system_error for a file that cannot be read.
+[[nodiscard]] Handlers load_registry(const std::string& path);
+
+/// The context items of a file, each a `const Value`; none for an empty path. Throws as `load_registry`.
+[[nodiscard]] KeywordArguments load_context(const std::string& path);
+
+}  // namespace tool_binding::cli

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <iostream>
+#include <new>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "command.hpp"
+#include "loading.hpp"
+#include "output.hpp"
+
+namespace {
+
+using namespace tool_binding::cli;
+
+struct Command {
+  const char* name;
+  const char* purpose;
+  Run (*declare)(CLI::App& command);
+};
+
+constexpr std::array commands = {
+    Command{"admit", "Admit requests, a line each, and show the keywords that their handlers would get", declare_admit},
+    Command{"missing", "Say what calls lack that their actions need", declare_missing},
+    Command{"default", "Look up what calls get for parameters that they leave out", declare_default},
+};
+
+constexpr const char* closing_words =
+    "Answers go to standard output, a line each; everything else to standard error.\n"
+    "Exit status: 0 all answered, 1 some request refused, 2 wrong usage or an unusable registry or context,\n"
+    "3 input or output failed. A reader that closes the pipe ends the run with the status so far.";
+
+void complain(std::string_view lines) {
+  while (!lines.empty()) {
+    const std::string_view line = lines.substr(0, lines.find('\n'));
+    std::cerr << "tool-binding: " << line << '\n';
+    lines.remove_prefix(std::min(line.size() + 1, lines.size()));
+  }
+}
+
+std::string words_for(const CLI::App* /*app*/, const CLI::Error& misuse) {
+  return "tool-binding: " + std::string(misuse.what()) + "\nRun with --help for more information.\n";
+}
+
+/// Shows what the parser stopped for: help and version, which were asked for, or how the usage was wrong.
+ExitStatus show(const CLI::App& app, const CLI::ParseError& stop) {
+  std::ostringstream data;
+  const bool asked_for = app.exit(stop, data, std::cerr) == 0;
+  Output output;
+  output.text() = data.str();
+  static_cast<void>(output.flush());
+  return asked_for ? ExitStatus::answered : ExitStatus::unusable;
+}
+
+ExitStatus run(int argument_count, const char* const* arguments) {
+  CLI::App app("Admits tool requests against a registry, as a daemon does before its handlers run.", "tool-binding");
+  app.require_subcommand(0, 1);
+  app.failure_message(words_for);
+  app.set_version_flag("--version", "tool-binding " TOOL_BINDING_VERSION);
+  app.footer(closing_words);
+  std::vector<std::pair<CLI::App*, Run>> runs;
+  for (const Command& command : commands) {
+    CLI::App* const declared = app.add_subcommand(command.name, command.purpose);
+    runs.emplace_back(declared, command.declare(*declared));
+  }
+  try {
+    app.parse(argument_count, arguments);
+    if (app.get_subcommands().empty()) {
+      throw CLI::RequiredError("a command");
+    }
+  } catch (const CLI::ParseError& stop) {
+    return show(app, stop);
+  }
+  const auto named = std::find_if(runs.begin(), runs.end(), [](const auto& entry) { return entry.first->parsed(); });
+  return named->second();
+}
+
+}  // namespace
+
+int main(int argument_count, char** arguments) {
+  std::signal(SIGPIPE, SIG_IGN);
+  ExitStatus status = ExitStatus::failed;
+  try {
+    status = run(argument_count, arguments);
+  } catch (const UnusableFile& unusable) {
+    complain(unusable.message());
+    status = ExitStatus::unusable;
+  } catch (const std::system_error& failure) {
+    complain(failure.what());
+  } catch (const std::bad_alloc&) {
+    complain("out of memory");
+  }
+  return static_cast<int>(status);
+}

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "tool_binding/errors.hpp"
+#include "tool_binding/value.hpp"
+
+/// The members that a line of input must or may have. A null stands for a member left out; members that nobody asks for
+/// are ignored.
+namespace tool_binding::cli {
+
+/// A line that is well-formed JSON and no request.
+class NoRequest : public ValueError {
+ public:
+  using ValueError::ValueError;
+};
+
+/// The members of a line. Throws NoRequest for a line that is no object.
+[[nodiscard]] const ArgumentMap& members_of(const Value& line);
+
+/// Each throws NoRequest for a member of another kind, and for a required one that is left out.
+[[nodiscard]] Text required_text(const ArgumentMap& members, std::string_view name);
+[[nodiscard]] std::optional<Text> optional_text(const ArgumentMap& members, std::string_view name);
+[[nodiscard]] Value required_object(const ArgumentMap& members, std::string_view name);
+
+/// The empty object for a member left out.
+[[nodiscard]] Value optional_object(const ArgumentMap& members, std::string_view name);
+
+}  // namespace tool_binding::cli

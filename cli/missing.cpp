@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "answer_questions.hpp"
+#include "command.hpp"
+#include "members.hpp"
+#include "tool_binding/tool_binding.hpp"
+
+namespace tool_binding::cli {
+
+namespace {
+
+/// The words for what a call lacks, null when it lacks nothing.
+Value missing(const Text& tool, const ArgumentMap& line) {
+  const std::optional<Text> action = optional_text(line, "action");
+  const Value arguments = optional_object(line, "arguments");
+  const std::optional<std::string> words = missing_arguments(tool, action, arguments.mapping());
+  return words ? Value(*words) : Value();
+}
+
+}  // namespace
+
+Run declare_missing(CLI::App& command) {
+  const auto files = std::make_shared<Files>();
+  add_registry_option(command, *files);
+  add_lines_argument(command, *files, "REQUESTS");
+  return [files] { return answer_questions(*files, "missing", missing); };
+}
+
+}  // namespace tool_binding::cli

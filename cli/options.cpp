@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "options.hpp"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+
+namespace tool_binding::cli {
+
+void add_registry_option(CLI::App& command, Files& files) {
+  command.add_option("--registry", files.registry, "The file that declares the tools")->type_name("FILE")->required();
+}
+
+void add_context_option(CLI::App& command, Files& files) {
+  command.add_option("--context", files.context, "A JSON object whose entries are offered to every handler")
+      ->type_name("FILE");
+}
+
+void add_lines_argument(CLI::App& command, Files& files, const std::string& name) {
+  command.add_option(name, files.lines, "A file of lines; - or nothing: standard input")->type_name("FILE");
+  command.callback([&files] {
+    const std::array paths = {files.registry, files.context, files.lines};
+    if (std::count(paths.begin(), paths.end(), standard_input) > 1) {
+      throw CLI::ValidationError("standard input is one file only: name the others by their paths");
+    }
+  });
+}
+
+}  // namespace tool_binding::cli
