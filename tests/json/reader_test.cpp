@@ -21,6 +21,8 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 
 std::string nested(std::size_t levels) { return std::string(levels, '[') + std::string(levels, ']'); }
 
+std::string zeros(std::size_t count) { return std::string(count, '0'); }
+
 /// The message with which a text is refused; empty where it is accepted.
 std::string refusal(Reader& reader, std::string_view text) {
   try {
@@ -57,6 +59,9 @@ const std::vector<AcceptedRow>& accepted() {
       {"overflow", "[1e400, -1e400, 1.7976931348623159e308, 0.0001e313, 1e99999999999999999999]",
        List{infinity, -infinity, infinity, infinity, infinity}},
       {"underflow", "[1e-400, 2e-324, 3e-324, 1000e-999, 0.1e-99999999999999999999]", List{0.0, 0.0, 5e-324, 0.0, 0.0}},
+      {"digits that outweigh the exponent",
+       "[1" + zeros(400) + "e-50, 1" + zeros(400) + ".0, 0." + zeros(400) + "1e50, -0." + zeros(400) + "1]",
+       List{infinity, infinity, 0.0, -0.0}},
       {"a zero of any exponent", "[0e400, 0.0e99999999999999999999]", List{0.0, 0.0}},
       {"short escapes", R"("\"\\\/\b\f\n\r\t")", "\"\\/\b\f\n\r\t"},
       {"code points", R"("\u0041\u00e9\u20AC\uD83D\ude00")", "A\u00e9\u20ac\U0001F600"},

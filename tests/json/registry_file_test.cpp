@@ -108,6 +108,15 @@ std::string actions_with(const std::string& members) {
   return tool_with(R"("actions": [{"name": "list", "synonyms": ["ls"]}, {"name": "read"}], )" + members);
 }
 
+/// A default of twenty keys, and two of them again on the second line.
+std::string many_keys() {
+  std::string members;
+  for (int key = 0; key < 20; ++key) {
+    members.append("\"k").append(std::to_string(key)).append("\": 0, ");
+  }
+  return param_with("\"default\": {" + members + "\n\"k5\": 1, \"k3\": 1}");
+}
+
 TEST(RegistryFile, RefusesFaultsOfShape) {
   expect_refusals({
       {"no object", "[]", "line 1: the file: must be an object, not a list"},
@@ -135,6 +144,8 @@ TEST(RegistryFile, RefusesFaultsOfShape) {
        "line 2: tools[0].name: is given twice\nline 3: tools: is given twice"},
       {"repeated keys in free values", param_with(R"("default": [{"a": 1, "b": {"c": 1, "c": 2}}])"),
        "line 1: tools[0].params[0].default[0].b.c: is given twice"},
+      {"repeated keys among many", many_keys(),
+       "line 2: tools[0].params[0].default.k5: is given twice\nline 2: tools[0].params[0].default.k3: is given twice"},
       {"actions unread do not make references wrong",
        tool_with(R"("actions": [{"nam": "find"}], "default_action": "find")"),
        "line 1: tools[0].actions[0].nam: is no known key; did you mean 'name'?\n"
@@ -158,11 +169,11 @@ TEST(RegistryFile, RefusesWhatTheRegistryCannotUse) {
        "line 3: tools[0].handler.parameters[1].name: 'h' is declared already at tools[0].handler.parameters[0].name"},
       {"empty names",
        R"({"tools": [{"name": ""}, {"name": "", "params": [{"name": "", "type": "array", "synonyms": [""]}],
-           "actions": [{"name": "", "synonyms": [""]}], "handler": {"parameters": [{"name": ""}]}}]})",
+           "actions": [{"name": "a", "synonyms": [""]}, {"name": ""}], "handler": {"parameters": [{"name": ""}]}}]})",
        "line 1: tools[0].name: a name must not be empty\nline 1: tools[1].name: a name must not be empty\n"
        "line 1: tools[1].params[0].name: a name must not be empty\n"
        "line 1: tools[1].params[0].synonyms[0]: a name must not be empty\n"
-       "line 2: tools[1].actions[0].name: a name must not be empty\n"
+       "line 2: tools[1].actions[1].name: a name must not be empty\n"
        "line 2: tools[1].actions[0].synonyms[0]: a name must not be empty\n"
        "line 2: tools[1].handler.parameters[0].name: a name must not be empty"},
       {"synonyms of parameters",
