@@ -54,7 +54,7 @@ std::optional<Text> Normalizing::_action() {
   }
   if (const Value action = detail::effective_action(spec, {}); action.is_text()) {
     if (has_slot) {
-      _store(prepared.action_slot, ACTION_PARAM, action);
+      _store(prepared.action_slot, ACTION_PARAM, Value(action));
     } else {
       arguments.append(ACTION_PARAM, action);
     }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <utility>
@@ -99,6 +100,10 @@ const auto& row_of(const Rows& rows, const detail::PreparedParam& param) {
                  std::string(param.spec->name) + "' is declared with");
 }
 
+bool all_texts(std::span<const Value> items) {
+  return std::all_of(items.begin(), items.end(), [](const Value& item) { return item.is_text(); });
+}
+
 /// An item as a text, null for one that is a text as it stands.
 Value text_unless_text(const Value& item) { return item.is_text() ? Value() : Value(plain_form(item)); }
 
@@ -124,9 +129,11 @@ Value Normalizing::_within(const Param& param, const Value& coerced) {
   if (param.type != TypeWord::array) {
     return param.lowered_enum.empty() ? _bounded(param, coerced) : _enum_value(param, coerced);
   }
-  const Value texts = param.items_are_texts ? changed_items(coerced, text_unless_text) : Value();
-  const Value& items = texts.is_null() ? coerced : texts;
-  return param.lowered_enum.empty() ? items : _enum_values(param, items);
+  if (param.items_are_texts && !all_texts(coerced.list())) {
+    const Value texts = changed_items(coerced, text_unless_text);
+    return param.lowered_enum.empty() ? texts : _enum_values(param, texts);
+  }
+  return param.lowered_enum.empty() ? coerced : _enum_values(param, coerced);
 }
 
 }  // namespace tool_binding

@@ -53,24 +53,29 @@ Value as_floating(const Value& bound) { return bound.is_floating() ? bound : Val
 }  // namespace
 
 Value Normalizing::_enum_value(const Param& param, const Value& value) {
+  const Text* const declared = _named_value(param, value);
+  return declared == nullptr ? Value() : Value(*declared);
+}
+
+const Text* Normalizing::_named_value(const Param& param, const Value& value) {
   if (const Text* const declared = named_value(param, value); declared != nullptr) {
-    return *declared;
+    return declared;
   }
   std::string& problem = problems.add();
   problem.append("Parameter '").append(param.spec->name).append("' of ").append(spec.name()).append(" must");
   problem.append(param.type == detail::TypeWord::array ? " each" : "").append(" be one of: ");
   append_joined(problem, param.spec->enum_, ", ");
   append_quoted_text(problem.append("; not "), plain_form(value));
-  return {};
+  return nullptr;
 }
 
 /// Every item is tried, so that each one that names no value has a problem of its own.
 Value Normalizing::_enum_values(const Param& param, const Value& list) {
   bool all_named = true;
   const Value declared = changed_items(list, [&](const Value& item) {
-    Value matched = _enum_value(param, item);
-    all_named = all_named && !matched.is_null();
-    return matched.is_text() && item.is(matched.shared_text()) ? Value() : matched;
+    const Text* const declared = _named_value(param, item);
+    all_named = all_named && declared != nullptr;
+    return declared == nullptr || item.is(*declared) ? Value() : Value(*declared);
   });
   if (!all_named) {
     return {};
@@ -82,7 +87,7 @@ Value Normalizing::_bounded(const Param& param, const Value& value) {
   if (!value.is_integer() && !value.is_floating()) {
     return value;
   }
-  const auto& [minimum, maximum] = std::tie(param.spec->minimum, param.spec->maximum);
+  const auto& [minimum, maximum] = std::tie(param.minimum, param.maximum);
   const bool below = !minimum.is_null() && compare_numbers(value, minimum) < 0;
   const bool above = !below && !maximum.is_null() && compare_numbers(value, maximum) > 0;
   if (!below && !above) {

@@ -12,11 +12,11 @@ namespace tool_binding {
 namespace {
 
 /// Arguments that say where a request goes. They are never the tool's own.
-constexpr std::array<std::string_view, 2> ROUTING_PARAMS = {REPO_ROOT_ARGUMENT, "repo"};
+const std::array<Text, 2> ROUTING_PARAMS = {REPO_ROOT_ARGUMENT, "repo"};
 
-bool is_routing_param(const Text& name) noexcept {
-  return std::find(ROUTING_PARAMS.begin(), ROUTING_PARAMS.end(), name.view()) != ROUTING_PARAMS.end();
-}
+const Text action_param = ACTION_PARAM;
+
+bool is_routing_param(const Text& name) noexcept { return name == ROUTING_PARAMS[0] || name == ROUTING_PARAMS[1]; }
 
 }  // namespace
 
@@ -49,7 +49,7 @@ void Normalizing::take(const Text& name, const Value& value) {
   if (value.is_null() || is_routing_param(name)) {
     return;
   }
-  if (name == ACTION_PARAM) {
+  if (name == action_param) {
     if (!value.is_text() || !text::is_blank(value.text())) {
       _take_action(value);
     }
@@ -83,7 +83,7 @@ bool Normalizing::_takes_synonym(const Text& name, const Param& param) {
   return !given_too;
 }
 
-void Normalizing::_store(std::uint32_t slot, const Text& name, Value value) {
+void Normalizing::_store(std::uint32_t slot, const Text& name, Value&& value) {
   if (slots[slot].stored()) {
     arguments.replace_at(slots[slot].place - 1, std::move(value));
     return;

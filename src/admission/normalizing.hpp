@@ -38,7 +38,7 @@ class Normalizing {
 
   // normalize_arguments.cpp
   [[nodiscard]] bool _takes_synonym(const Text& name, const Param& param);
-  void _store(std::uint32_t slot, const Text& name, Value value);
+  void _store(std::uint32_t slot, const Text& name, Value&& value);
   [[nodiscard]] std::string& _add_note();
   void _check_required(const std::optional<Text>& action);
 
@@ -55,6 +55,7 @@ class Normalizing {
 
   // enumerations_and_bounds.cpp: the same
   [[nodiscard]] Value _enum_value(const Param& param, const Value& value);
+  [[nodiscard]] const Text* _named_value(const Param& param, const Value& value);
   [[nodiscard]] Value _enum_values(const Param& param, const Value& list);
   [[nodiscard]] Value _bounded(const Param& param, const Value& value);
 

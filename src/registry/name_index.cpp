@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "registry/name_index.hpp"
 
-#include <functional>
+#include <algorithm>
 #include <utility>
 
 namespace tool_binding::detail {
@@ -9,16 +9,6 @@ namespace tool_binding::detail {
 namespace {
 
 constexpr std::size_t smallest_table = 8;
-
-std::size_t hash_of(const Cell& cell) noexcept {
-  if (cell.holds_node()) {
-    return std::hash<std::string_view>{}(cell.text());
-  }
-  constexpr std::uint64_t odd = 0x9E3779B97F4A7C15;
-  std::uint64_t mixed = (cell.low() * odd) ^ cell.high();
-  mixed = (mixed ^ (mixed >> 32U)) * odd;
-  return mixed ^ (mixed >> 29U);
-}
 
 }  // namespace
 
@@ -34,27 +24,11 @@ bool NameIndex::add(const Text& name, std::uint32_t number) {
   return true;
 }
 
-std::uint32_t NameIndex::find(const Text& name) const noexcept {
-  if (rows_.empty()) {
-    return absent;
-  }
-  const std::size_t mask = rows_.size() - 1;
-  for (std::size_t at = hash_of(cell_of(name)) & mask;; at = (at + 1) & mask) {
-    if (rows_[at].number == absent || rows_[at].name == name) {
-      return rows_[at].number;
-    }
-  }
-}
-
 std::uint32_t NameIndex::find(std::string_view name) const noexcept {
   if (name.size() <= inline_text_size) {
     return find(Text(name));
   }
-  if (rows_.empty()) {
-    return absent;
-  }
-  const std::size_t mask = rows_.size() - 1;
-  for (std::size_t at = std::hash<std::string_view>{}(name)&mask;; at = (at + 1) & mask) {
+  for (std::size_t at = std::hash<std::string_view>{}(name)&mask_;; at = (at + 1) & mask_) {
     if (rows_[at].number == absent || rows_[at].name == name) {
       return rows_[at].number;
     }
@@ -62,8 +36,9 @@ std::uint32_t NameIndex::find(std::string_view name) const noexcept {
 }
 
 void NameIndex::grow() {
-  std::vector<Row> before(rows_.empty() ? smallest_table : 2 * rows_.size());
+  std::vector<Row> before(std::max(smallest_table, 2 * rows_.size()));
   before.swap(rows_);
+  mask_ = rows_.size() - 1;
   for (Row& row : before) {
     if (row.number != absent) {
       place(std::move(row));
@@ -72,10 +47,9 @@ void NameIndex::grow() {
 }
 
 void NameIndex::place(Row row) {
-  const std::size_t mask = rows_.size() - 1;
-  std::size_t at = hash_of(cell_of(row.name)) & mask;
+  std::size_t at = hash_of(cell_of(row.name)) & mask_;
   while (rows_[at].number != absent) {
-    at = (at + 1) & mask;
+    at = (at + 1) & mask_;
   }
   rows_[at] = std::move(row);
 }

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -15,6 +17,8 @@ namespace tool_binding::detail {
 /// names alone.
 class NameIndex {
  public:
+  NameIndex() : rows_(1) {}
+
   static constexpr std::uint32_t absent = 0xFFFFFFFF;
 
   /// Adds `name`; an earlier entry of the same name stays. Returns whether the name was new.
@@ -25,16 +29,35 @@ class NameIndex {
   [[nodiscard]] std::uint32_t find(std::string_view name) const noexcept;
 
  private:
-  struct Row {
+  struct alignas(32) Row {
     Text name;
     std::uint32_t number = absent;
   };
 
+  [[nodiscard]] static std::size_t hash_of(const Cell& cell) noexcept;
   void grow();
   void place(Row row);
 
   std::vector<Row> rows_;  ///< a power of two of them, at least half of them free
+  std::size_t mask_ = 0;   ///< one less than the rows
   std::size_t used_ = 0;
 };
+
+inline std::size_t NameIndex::hash_of(const Cell& cell) noexcept {
+  if (cell.holds_node()) {
+    return std::hash<std::string_view>{}(cell.text());
+  }
+  constexpr std::uint64_t odd = 0x9E3779B97F4A7C15;
+  const std::uint64_t mixed = (cell.low() ^ std::rotl(cell.high(), 29)) * odd;
+  return mixed ^ (mixed >> 32U);
+}
+
+inline std::uint32_t NameIndex::find(const Text& name) const noexcept {
+  for (std::size_t at = hash_of(cell_of(name)) & mask_;; at = (at + 1) & mask_) {
+    if (rows_[at].number == absent || rows_[at].name == name) {
+      return rows_[at].number;
+    }
+  }
+}
 
 }  // namespace tool_binding::detail

@@ -87,10 +87,25 @@ NameIndex index_slots(const ArgumentMap& bound_defaults) {
   return slots;
 }
 
+/// An integer bound of floating numbers as a floating number, where that is the same number.
+Value comparable(const Value& bound, TypeWord type) {
+  constexpr std::int64_t every_integer_is_a_double = std::int64_t{1} << 53;
+  const auto small = bound.to_int64();
+  const bool exact = small && *small >= -every_integer_is_a_double && *small <= every_integer_is_a_double;
+  return type == TypeWord::number && exact ? Value(static_cast<double>(*small)) : bound;
+}
+
 PreparedParam prepare(const ParamSpec& param, const NameIndex& slots) {
   const TypeWord type = type_word(param.type);
   const bool items_are_texts = type == TypeWord::array && param.items_type == Text("string");
-  PreparedParam prepared{&param, type, items_are_texts, slots.find(param.name), true, {}};
+  PreparedParam prepared{&param,
+                         type,
+                         items_are_texts,
+                         slots.find(param.name),
+                         comparable(param.minimum, type),
+                         comparable(param.maximum, type),
+                         true,
+                         {}};
   prepared.lowered_enum.reserve(param.enum_.size());
   for (const Text& value : param.enum_) {
     Text lowered = text::lower_case(value);

@@ -21,8 +21,10 @@ enum class TypeWord : std::uint8_t { integer, number, boolean, string, array, un
 struct PreparedParam {
   const ParamSpec* spec;
   TypeWord type;
-  bool items_are_texts;            ///< an array whose items are taken as texts
-  std::uint32_t slot;              ///< the place of its name in a bound map
+  bool items_are_texts;  ///< an array whose items are taken as texts
+  std::uint32_t slot;    ///< the place of its name in a bound map
+  Value minimum;         ///< the bounds, in the kind of the values that are compared with them where exact
+  Value maximum;
   bool enum_names_itself;          ///< whether each value's lower case, sent as it is, names that value
   std::vector<Text> lowered_enum;  ///< the enumeration in lower case, value for value
 };

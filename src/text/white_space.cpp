@@ -29,6 +29,4 @@ std::string_view strip(std::string_view text) noexcept {
   return text;
 }
 
-bool is_blank(std::string_view text) noexcept { return strip_start(text).empty(); }
-
 }  // namespace tool_binding::text

@@ -13,6 +13,9 @@ namespace tool_binding::text {
 [[nodiscard]] std::string_view strip(std::string_view text) noexcept;
 
 /// Whether nothing is left of `text` once it is stripped.
-[[nodiscard]] bool is_blank(std::string_view text) noexcept;
+[[nodiscard]] inline bool is_blank(std::string_view text) noexcept {
+  const bool begins_visibly = !text.empty() && text.front() > ' ' && text.front() <= '~';
+  return !begins_visibly && strip_start(text).empty();
+}
 
 }  // namespace tool_binding::text
