@@ -95,17 +95,6 @@ TEST(NearNames, OfALongWordLeaveItsPopularCharactersToWidening) {
   expect_found("199 code points, twice the bytes", accents, "b" + accents, true);
 }
 
-/// A text of `length` characters, drawn from `alphabet` or, mostly, copied from `model` in order.
-std::u32string drawn(std::mt19937& random, std::size_t length, const std::u32string& alphabet,
-                     const std::u32string& model) {
-  std::u32string text;
-  for (std::size_t place = random() % 4; text.size() < length; ++place) {
-    const bool copied = place < model.size() && random() % 8 != 0;
-    text += copied ? model[place] : alphabet[random() % alphabet.size()];
-  }
-  return text;
-}
-
 std::string encoded(const std::u32string& code_points) {
   std::string text;
   for (const char32_t code_point : code_points) {
@@ -115,17 +104,27 @@ std::string encoded(const std::u32string& code_points) {
 }
 
 /// Compares searches for words of `shortest` to `longest` characters with the textbook's; gives how many found a name.
+/// Half of the names are drawn from `alphabet`, the others mostly copied from the word.
 int count_found(int searches, std::size_t shortest, std::size_t longest, const std::u32string& alphabet) {
   std::mt19937 random(12345);
-  const auto length = [&] { return shortest + random() % (longest - shortest + 1); };
+  const auto drawn = [&](const std::u32string& model) {
+    std::u32string text(shortest + random() % (longest - shortest + 1), U'?');
+    std::size_t place = random() % 4;
+    for (char32_t& character : text) {
+      const bool copied = place < model.size() && random() % 8 != 0;
+      character = copied ? model[place] : alphabet[random() % alphabet.size()];
+      ++place;
+    }
+    return text;
+  };
   int found = 0;
   for (int search = 0; search < searches; ++search) {
-    const std::u32string word = drawn(random, length(), alphabet, {});
-    std::vector<std::u32string> names(1 + random() % 5);
+    const std::u32string word = drawn({});
+    std::vector<std::u32string> names;
     std::vector<Text> texts;
-    for (std::u32string& name : names) {
-      name = drawn(random, length(), alphabet, random() % 2 == 0 ? word : std::u32string());
-      texts.emplace_back(encoded(name));
+    for (std::size_t count = 1 + random() % 5; names.size() < count;) {
+      names.push_back(drawn(random() % 2 == 0 ? word : std::u32string()));
+      texts.emplace_back(encoded(names.back()));
     }
     const std::optional<std::u32string> expected = textbook::nearest(word, names);
     EXPECT_EQ(nearest(encoded(word), texts), expected ? "'" + encoded(*expected) + "'" : "none") << encoded(word);
@@ -135,13 +134,10 @@ int count_found(int searches, std::size_t shortest, std::size_t longest, const s
 }
 
 TEST(NearNames, AreThoseOfTheTextbook) {
-  const std::u32string many = [] {
-    std::u32string characters;
-    for (char32_t next = 0x100; next < 0x180; ++next) {
-      characters.append(next % 8 == 0 ? 4 : 1, next);
-    }
-    return characters;
-  }();
+  std::u32string many;
+  for (char32_t next = 0x100; next < 0x180; ++next) {
+    many.append(next % 8 == 0 ? 4 : 1, next);
+  }
   EXPECT_GT(count_found(4000, 0, 12, U"ab"), 1000);
   EXPECT_GT(count_found(4000, 0, 12, U"abcd"), 1000);
   EXPECT_GT(count_found(2000, 0, 12, U"a\u0081\u00A1\U00010061\U0001F600z"), 500);

@@ -1,152 +1,99 @@
 // SPDX-License-Identifier: MIT
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 #include "support/expect_rows.hpp"
 
 namespace tool_binding {
 namespace {
 
-ToolDeclaration search_declaration() {
-  return {.name = "search",
-          .params = {{.name = "query", .type = "string", .synonyms = {"q"}},
-                     {.name = "limit", .type = "integer", .synonyms = {"max", "count"}, .maximum = 100},
-                     {.name = "body", .type = "string", .synonyms = {"content"}, .blank_is_value = true},
-                     {.name = "tags", .type = "array"},
-                     {.name = "repo", .type = "string", .synonyms = {"repository"}}}};
+/// A text with a synonym, a number with two, a text whose blank is a value, a list, and a name of the routing's.
+ToolDeclaration declaration() {
+  return {.name = "t",
+          .params = {{.name = "s", .type = "string", .synonyms = {"r"}},
+                     {.name = "n", .type = "integer", .synonyms = {"m", "c"}, .maximum = 100},
+                     {.name = "b", .type = "string", .synonyms = {"d"}, .blank_is_value = true},
+                     {.name = "l", .type = "array"},
+                     {.name = "repo", .type = "string", .synonyms = {"place"}}}};
 }
 
-constexpr const char* takes = " It takes: query, limit, body, tags, repo.";
+const std::string takes = " It takes: s, n, b, l, repo.";
 
 TEST(NormalizeArguments, TakesAnArgumentByTheFirstTestThatApplies) {
-  expect_admitted(
-      ToolSpec(search_declaration()),
-      {
-          {"nothing", {}, "{}"},
-          {"routing names, one of them declared", {{"repo", "a"}, {"repo_root", 5}}, "{}"},
-          {"a synonym of a routing name",
-           {{"repository", "a"}},
-           "{repo: 'a'} | 'repository' was read as 'repo' | alias"},
-          {"routing names are compared exactly",
-           {{"Repo", "a"}},
-           std::string("ArgumentError: Unknown parameter 'Repo' for search. Did you mean 'repo'?") + takes},
-          {"null, declared, undeclared, routing or action",
-           {{"query", nullptr}, {"zzz", nullptr}, {"repo", nullptr}, {"action", nullptr}, {"q", nullptr}},
-           "{}"},
-          {"a blank action", {{"action", " \t\u3000"}}, "{}"},
-          {"an undeclared name, blank",
-           {{"zzz", " "}},
-           std::string("ArgumentError: Unknown parameter 'zzz' for search.") + takes},
-          {"a name in another case is undeclared",
-           {{"Query", "a"}},
-           std::string("ArgumentError: Unknown parameter 'Query' for search. Did you mean 'query'?") + takes},
-          {"blank text", {{"query", ""}, {"limit", " \n"}, {"tags", "\u2003"}}, "{}"},
-          {"a blank synonym", {{"q", "\u00A0"}}, "{}"},
-          {"blank where it is a value", {{"body", " "}}, "{body: ' '}"},
-          {"a blank synonym where it is a value",
-           {{"content", ""}},
-           "{body: ''} | 'content' was read as 'body' | alias"},
-          {"what is no white space", {{"query", "\u200B"}}, "{query: '\\u200b'}"},
-          {"an empty list and false-like values",
-           {{"tags", std::vector<Value>{}}, {"limit", 0}},
-           "{tags: [], limit: 0}"},
-          {"a text with white space around it stays so", {{"query", " a "}}, "{query: ' a '}"},
-      });
+  const std::string unknown = "refused: Unknown parameter ";
+  const std::vector<ArgumentsRow> rows = {
+      {"nothing", {}, "{}"},
+      {"routing names, one of them declared", {{"repo", "a"}, {"repo_root", 5}}, "{}"},
+      {"a synonym of a routing name", {{"place", "a"}}, "{repo: 'a'} | 'place' was read as 'repo' | alias"},
+      {"a routing name in another case", {{"Repo", 1}}, unknown + "'Repo' for t. Did you mean 'repo'?" + takes},
+      {"null", {{"s", nullptr}, {"zzz", nullptr}, {"repo", nullptr}, {"action", nullptr}, {"r", nullptr}}, "{}"},
+      {"a blank action", {{"action", " \t\u3000"}}, "{}"},
+      {"an undeclared name, blank", {{"zzz", " "}}, unknown + "'zzz' for t." + takes},
+      {"a name in another case", {{"S", "a"}}, unknown + "'S' for t." + takes},
+      {"blank text", {{"s", ""}, {"n", " \n"}, {"l", "\u2003"}}, "{}"},
+      {"a blank synonym", {{"r", "\u00A0"}}, "{}"},
+      {"blank where it is a value", {{"b", " "}}, "{b: ' '}"},
+      {"a blank synonym where it is a value", {{"d", ""}}, "{b: ''} | 'd' was read as 'b' | alias"},
+      {"what is no white space", {{"s", "\u200B"}}, "{s: '\\u200b'}"},
+      {"an empty list and zero", {{"l", std::vector<Value>{}}, {"n", 0}}, "{l: [], n: 0}"},
+      {"white space around a text stays", {{"s", " a "}}, "{s: ' a '}"},
+  };
+  expect_admitted(ToolSpec(declaration()), rows);
 }
 
 TEST(NormalizeArguments, ReadsASynonymUnlessTheParameterIsGivenToo) {
-  const std::string refused = "ArgumentError: Parameter 'limit' of search must be a whole number, not ";
-  expect_admitted(
-      ToolSpec(search_declaration()),
-      {
-          {"declared, synonym",
-           {{"limit", 5}, {"max", 7}},
-           "{limit: 5} | 'max' was left out: 'limit' was given too | alias"},
-          {"a synonym left out is not coerced",
-           {{"limit", 5}, {"max", "x"}},
-           "{limit: 5} | 'max' was left out: 'limit' was given too | alias"},
-          {"synonym, declared: the place of the first",
-           {{"max", 5}, {"query", "a"}, {"limit", 7}},
-           "{limit: 7, query: 'a'} | 'max' was read as 'limit' | alias"},
-          {"synonym, blank declared", {{"max", 5}, {"limit", " "}}, "{limit: 5} | 'max' was read as 'limit' | alias"},
-          {"synonym, null declared",
-           {{"max", 5}, {"limit", nullptr}},
-           "{limit: 5} | 'max' was read as 'limit' | alias"},
-          {"blank declared, synonym", {{"limit", " "}, {"max", 5}}, "{limit: 5} | 'max' was read as 'limit' | alias"},
-          {"null declared, synonym",
-           {{"limit", nullptr}, {"max", 5}},
-           "{limit: 5} | 'max' was read as 'limit' | alias"},
-          {"synonym, refused declared", {{"max", 5}, {"limit", "x"}}, refused + "'x'"},
-          {"refused synonym, declared", {{"max", "y"}, {"limit", 5}}, refused + "'y'"},
-          {"refused declared, refused synonym: the name is given all the same",
-           {{"limit", "x"}, {"max", "y"}},
-           refused + "'x'"},
-          {"two synonyms",
-           {{"max", 5}, {"count", 7}},
-           "{limit: 5} | 'max' was read as 'limit' | 'count' was left out: 'limit' was given too | alias"},
-          {"refused synonym, refused synonym: both are read",
-           {{"max", "x"}, {"count", "y"}},
-           refused + "'x'; Parameter 'limit' of search must be a whole number, not 'y'"},
-          {"synonym, declared, synonym",
-           {{"max", 5}, {"limit", 7}, {"count", 9}},
-           "{limit: 7} | 'max' was read as 'limit' | 'count' was left out: 'limit' was given too | alias"},
-          {"a declared name is no synonym", {{"limit", 5}, {"query", "a"}}, "{limit: 5, query: 'a'}"},
-      });
-}
-
-TEST(NormalizeArguments, ReportsInTheOrderOfTheRequest) {
-  expect_admitted(ToolSpec(search_declaration()),
-                  {
-                      {"notes",
-                       {{"max", 500}, {"q", "a"}, {"limit", 200}},
-                       "{limit: 100, query: 'a'} | 'max' was read as 'limit' | 'limit' 500 is above the maximum: 100 "
-                       "was used | 'q' was read as 'query' | 'limit' 200 is above the maximum: 100 was used | alias"},
-                      {"problems",
-                       {{"tags", 5}, {"x", 1}, {"limit", "y"}, {"action", "a"}, {"query", true}},
-                       "ArgumentError: Parameter 'tags' of search must be a list (or comma-separated text), not 5; "
-                       "Unknown parameter 'x' for search. It takes: query, limit, body, tags, repo.; Parameter 'limit' "
-                       "of search must be a whole number, not 'y'; search takes no 'action'; Parameter 'query' of "
-                       "search must be text, not True"},
-                  });
+  const std::string refused = "Parameter 'n' of t must be a whole number, not ";
+  const std::string m_read = " | 'm' was read as 'n'";
+  const std::string m_left_out = " | 'm' was left out: 'n' was given too";
+  const std::string c_left_out = " | 'c' was left out: 'n' was given too";
+  const std::vector<ArgumentsRow> rows = {
+      {"declared, synonym", {{"n", 5}, {"m", 7}}, "{n: 5}" + m_left_out + " | alias"},
+      {"what is left out is not coerced", {{"n", 5}, {"m", "x"}}, "{n: 5}" + m_left_out + " | alias"},
+      {"synonym, declared", {{"m", 5}, {"s", "a"}, {"n", 7}}, "{n: 7, s: 'a'}" + m_read + " | alias"},
+      {"synonym, blank declared", {{"m", 5}, {"n", " "}}, "{n: 5}" + m_read + " | alias"},
+      {"synonym, null declared", {{"m", 5}, {"n", nullptr}}, "{n: 5}" + m_read + " | alias"},
+      {"blank declared, synonym", {{"n", " "}, {"m", 5}}, "{n: 5}" + m_read + " | alias"},
+      {"null declared, synonym", {{"n", nullptr}, {"m", 5}}, "{n: 5}" + m_read + " | alias"},
+      {"synonym, refused declared", {{"m", 5}, {"n", "x"}}, "refused: " + refused + "'x'"},
+      {"refused synonym, declared", {{"m", "y"}, {"n", 5}}, "refused: " + refused + "'y'"},
+      {"refused declared, refused synonym", {{"n", "x"}, {"m", "y"}}, "refused: " + refused + "'x'"},
+      {"two synonyms", {{"m", 5}, {"c", 7}}, "{n: 5}" + m_read + c_left_out + " | alias"},
+      {"both refused", {{"m", "x"}, {"c", "y"}}, "refused: " + refused + "'x'; " + refused + "'y'"},
+      {"declared between", {{"m", 5}, {"n", 7}, {"c", 9}}, "{n: 7}" + m_read + c_left_out + " | alias"},
+      {"no synonym", {{"n", 5}, {"s", "a"}}, "{n: 5, s: 'a'}"},
+      {"notes in order",
+       {{"m", 500}, {"r", "a"}, {"n", 200}},
+       "{n: 100, s: 'a'}" + m_read +
+           " | 'n' 500 is above the maximum: 100 was used | 'r' was read as 's' | 'n' 200 is "
+           "above the maximum: 100 was used | alias"},
+      {"problems in order",
+       {{"l", 5}, {"x", 1}, {"n", "y"}, {"action", "a"}, {"s", true}},
+       "refused: Parameter 'l' of t must be a list (or comma-separated text), not 5; Unknown parameter 'x' for t." +
+           takes + "; " + refused + "'y'; t takes no 'action'; Parameter 's' of t must be text, not True"},
+  };
+  expect_admitted(ToolSpec(declaration()), rows);
 }
 
 TEST(NormalizeArguments, ChecksWhatTheActionNeeds) {
-  const ToolDeclaration files = {.name = "files",
-                                 .actions = {{.name = "list", .synonyms = {"ls"}}, {.name = "read"}},
-                                 .params = {{.name = "path", .type = "string", .required = true},
-                                            {.name = "line", .type = "integer", .required_for = {"read"}},
-                                            {.name = "tags", .type = "array", .required_for = {"list", "read"}}}};
-  expect_admitted(
-      ToolSpec(files),
-      {
-          {"all of it is missing, in the registry's order",
-           {{"action", "read"}},
-           "ArgumentError: files 'read' needs 'path'; files 'read' needs 'line'; files 'read' needs 'tags'"},
-          {"the declared action decides",
-           {{"action", "LS"}, {"path", " "}, {"line", 1}},
-           "ArgumentError: files 'list' needs 'path'; files 'list' needs 'tags'"},
-          {"an empty list is not given, a zero is",
-           {{"tags", std::vector<Value>{}}, {"line", 0}, {"path", "a"}, {"action", "read"}},
-           "ArgumentError: files 'read' needs 'tags'"},
-          {"a refused value is not given, and stands first",
-           {{"action", "read"}, {"path", "a"}, {"line", "x"}, {"tags", "b"}},
-           "ArgumentError: Parameter 'line' of files must be a whole number, not 'x'; files 'read' needs "
-           "'line'"},
-          {"without an action nothing is checked",
-           {{"line", 1}},
-           "ArgumentError: files needs an 'action': one of list, read"},
-          {"with a refused one neither",
-           {{"action", "write"}},
-           "ArgumentError: Unknown action 'write' for files: one of list, read"},
-      });
-  ToolDeclaration status = {.name = "status", .params = files.params};
-  expect_admitted(
-      ToolSpec(status),
-      {{"a tool without actions", {}, "ArgumentError: status needs 'path'"},
-       {"its refused action", {{"action", "x"}}, "ArgumentError: status takes no 'action'; status needs 'path'"},
-       {"all that it needs", {{"path", "a"}}, "{path: 'a'}"}});
+  ToolDeclaration tool = {.name = "t",
+                          .actions = {{.name = "list", .synonyms = {"ls"}}, {.name = "read"}},
+                          .params = {{.name = "p", .type = "string", .required = true},
+                                     {.name = "n", .type = "integer", .required_for = {"read"}},
+                                     {.name = "l", .type = "array", .required_for = {"list", "read"}}}};
+  const Value empty = std::vector<Value>{};
+  const std::string refused = "refused: Parameter 'n' of t must be a whole number, not 'x'; ";
+  const std::vector<ArgumentsRow> rows = {
+      {"all of it", {{"action", "read"}}, "refused: t 'read' needs 'p'; t 'read' needs 'n'; t 'read' needs 'l'"},
+      {"of the declared action", {{"action", "LS"}, {"p", " "}}, "refused: t 'list' needs 'p'; t 'list' needs 'l'"},
+      {"no list", {{"l", empty}, {"n", 0}, {"p", "a"}, {"action", "read"}}, "refused: t 'read' needs 'l'"},
+      {"refused", {{"action", "read"}, {"p", "a"}, {"n", "x"}, {"l", "b"}}, refused + "t 'read' needs 'n'"},
+      {"without an action nothing", {{"n", 1}}, "refused: t needs an 'action': one of list, read"},
+      {"with a refused one neither", {{"action", "x"}}, "refused: Unknown action 'x' for t: one of list, read"},
+  };
+  expect_admitted(ToolSpec(tool), rows);
+  tool.actions.clear();
+  expect_admitted(ToolSpec(tool),
+                  {{"a tool without actions", {}, "refused: t needs 'p'"},
+                   {"and a refused one", {{"action", "x"}}, "refused: t takes no 'action'; t needs 'p'"},
+                   {"what it needs", {{"p", "a"}}, "{p: 'a'}"}});
 }
 
 TEST(NormalizeArguments, TakesManyParameters) {
@@ -165,19 +112,19 @@ TEST(NormalizeArguments, TakesManyParameters) {
 }
 
 TEST(NormalizeArguments, FindsAToolByItsName) {
-  TOOLS.add(search_declaration());
+  TOOLS.add(declaration());
   const auto by_name = [](std::string_view tool) {
-    return outcome_of([&] { return normalize_arguments(tool, {{"zzz", 1}, {"q", "a"}}); });
+    return outcome_of([&] { return normalize_arguments(tool, {{"zzz", 1}, {"r", "a"}}); });
   };
-  EXPECT_EQ(by_name("search"), std::string("ArgumentError: Unknown parameter 'zzz' for search.") + takes);
-  EXPECT_EQ(by_name("Search"), "KeyError: no tool is named 'Search'");
+  EXPECT_EQ(by_name("t"), "refused: Unknown parameter 'zzz' for t." + takes);
+  EXPECT_EQ(by_name("T"), "KeyError: no tool is named 'T'");
 }
 
 TEST(NormalizeArguments, CopiesNoContent) {
-  const ArgumentMap given = {{"q", std::string(1000, 'a')}, {"tags", std::vector<Value>{1, "b"}}};
-  const NormalizedArguments admitted = normalize_arguments(ToolSpec(search_declaration()), given);
-  EXPECT_EQ(admitted.arguments().find("query")->text().data(), given.find("q")->text().data());
-  EXPECT_EQ(admitted.arguments().find("tags")->list().data(), given.find("tags")->list().data());
+  const ArgumentMap given = {{"r", std::string(1000, 'a')}, {"l", std::vector<Value>{1, "b"}}};
+  const NormalizedArguments admitted = normalize_arguments(ToolSpec(declaration()), given);
+  EXPECT_EQ(admitted.arguments().find("s")->text().data(), given.find("r")->text().data());
+  EXPECT_EQ(admitted.arguments().find("l")->list().data(), given.find("l")->list().data());
 }
 
 TEST(NormalizedArguments, AreEqualWhenAllThreeFieldsAre) {

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tool_binding/tool_schemas.hpp"
 
-#include <gtest/gtest.h>
-
 #include "support/expect_rows.hpp"
 
 namespace tool_binding {
@@ -11,18 +9,14 @@ namespace {
 TEST(EffectiveAction, IsTheNamedOneElseTheDefault) {
   const ToolDeclaration files = {
       .name = "files", .actions = {{.name = "list", .synonyms = {"ls"}}, {.name = "read"}}, .default_action = "read"};
-  const ToolSpec tool(files);
-  expect_rows(
-      {
-          {"declared", {{"x", 1}, {"action", "list"}}, "'list'"},
-          {"a synonym", {{"action", " LS "}}, "'list'"},
-          {"undeclared", {{"action", " Other "}}, "' Other '"},
-          {"blank", {{"action", ""}}, "''"},
-          {"no text", {{"action", 5}}, "'read'"},
-          {"null", {{"action", nullptr}}, "'read'"},
-          {"nothing", {{"Action", "list"}}, "'read'"},
-      },
-      [&](const ArgumentMap& given) { return effective_action(tool, given); });
+  const std::vector<ArgumentsRow> rows = {{"declared", {{"x", 1}, {"action", "list"}}, "'list'"},
+                                          {"a synonym", {{"action", " LS "}}, "'list'"},
+                                          {"undeclared", {{"action", " Other "}}, "' Other '"},
+                                          {"blank", {{"action", ""}}, "''"},
+                                          {"no text", {{"action", 5}}, "'read'"},
+                                          {"null", {{"action", nullptr}}, "'read'"},
+                                          {"nothing", {{"Action", "list"}}, "'read'"}};
+  expect_rows(rows, [&](const ArgumentMap& given) { return effective_action(ToolSpec(files), given); });
   expect_rows({{"no default", {}, "None"}, {"no actions", {{"action", "list"}}, "'list'"}},
               [](const ArgumentMap& given) { return effective_action(ToolSpec({.name = "status"}), given); });
   TOOLS.add(files);

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <gtest/gtest.h>
 
-#include <string>
-
-#include "support/one_line.hpp"
+#include "support/expect_rows.hpp"
 
 namespace tool_binding {
 namespace {

@@ -37,14 +37,14 @@ inline std::string one_line(const NormalizedArguments& admitted) {
 
 inline std::string one_line(const std::optional<std::string>& refusal) { return refusal.value_or("nothing"); }
 
-/// The line of what `call` returns, or the name and the whole message of the error that it throws. The message of an
-/// overflow is not the layer's to word.
+/// The line of what `call` returns, or the name and the whole message of the error that it throws: "refused" for an
+/// ArgumentError, and no message of an overflow, which is not the layer's to word.
 template <class Call>
 std::string outcome_of(const Call& call) {
   try {
     return one_line(call());
   } catch (const ArgumentError& error) {
-    return std::string("ArgumentError: ").append(error.message());
+    return std::string("refused: ").append(error.message());
   } catch (const ValueError& error) {
     return std::string("ValueError: ").append(error.message());
   } catch (const TypeError& error) {
