@@ -73,9 +73,9 @@ const Text* Normalizing::_named_value(const Param& param, const Value& value) {
 Value Normalizing::_enum_values(const Param& param, const Value& list) {
   bool all_named = true;
   const Value declared = changed_items(list, [&](const Value& item) {
-    const Text* const declared = _named_value(param, item);
-    all_named = all_named && declared != nullptr;
-    return declared == nullptr || item.is(*declared) ? Value() : Value(*declared);
+    const Text* const named = _named_value(param, item);
+    all_named = all_named && named != nullptr;
+    return named == nullptr || item.is(*named) ? Value() : Value(*named);
   });
   if (!all_named) {
     return {};
