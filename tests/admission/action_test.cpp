@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-
 #include "support/expect_rows.hpp"
 
 namespace tool_binding {
@@ -28,8 +27,7 @@ TEST(Action, IsReadFromItsNameOrAnother) {
       {"one problem in its place",
        {{"x", 1}, {"action", 5}, {"y", 1}},
        "refused: Unknown parameter 'x' for t. It takes: p.; Unknown action '5' for t: one of list, read; Unknown "
-       "parameter 'y' for t. It takes: p."},
-  };
+       "parameter 'y' for t. It takes: p."}};
   expect_admitted(ToolSpec({.name = "t", .actions = list_and_read, .params = {{.name = "p", .type = "string"}}}), rows);
 }
 
@@ -40,8 +38,7 @@ TEST(Action, IsTheDefaultWhereNoneIsNamed) {
       {"for a blank action too", {{"action", "\t"}, {"p", "a"}}, "{p: 'a', action: 'read'}"},
       {"its needs are checked", {{"action", nullptr}}, "refused: t 'read' needs 'p'"},
       {"not where another is named", {{"action", "list"}}, "{action: 'list'}"},
-      {"not where one is refused", {{"action", "x"}}, unknown + "'x' for t: one of list, read"},
-  };
+      {"not where one is refused", {{"action", "x"}}, unknown + "'x' for t: one of list, read"}};
   expect_admitted(ToolSpec({.name = "t", .actions = list_and_read, .default_action = "read", .params = {param}}), rows);
   expect_admitted(ToolSpec({.name = "t", .default_action = "read", .params = {param}}),
                   {{"a default without actions", {{"p", "b"}}, "{p: 'b', action: 'read'}"},
@@ -61,8 +58,7 @@ TEST(Action, SharesItsNameWithAParameter) {
        {{"verb", "read"}, {"p", "a"}, {"action", "list"}},
        "{action: 'list', p: 'a'} | 'verb' was read as 'action' | alias"},
       {"synonym, refused action", {{"verb", "read"}, {"action", "x"}}, both},
-      {"refused action, synonym", {{"action", "x"}, {"verb", "read"}}, both},
-  };
+      {"refused action, synonym", {{"action", "x"}, {"verb", "read"}}, both}};
   const ParamSpec param = {.name = "p", .type = "string", .required_for = {"read", "other", "5"}};
   const ParamSpec action = {.name = "action", .type = "string", .synonyms = {"verb"}};
   expect_admitted(

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-
 #include "support/expect_rows.hpp"
 
 namespace tool_binding {
@@ -18,17 +17,15 @@ TEST(MissingArguments, AreNamedInTheOrderOfTheRegistry) {
     ArgumentMap given;
     std::string expected;
   };
-  const Row rows[] = {
-      {"all", "find", {}, "lookup 'find' needs 'query'; lookup 'find' needs 'path'"},
-      {"what the action needs", "list", {}, "lookup 'list' needs 'query'"},
-      {"actions are compared exactly", "Find", {{"query", "a"}}, "nothing"},
-      {"no action", {}, {}, "lookup needs 'query'"},
-      {"an empty action is asked for, but not named", "", {{"query", "a"}}, "lookup needs 'path'"},
-      {"an undeclared action", "other", {}, "lookup 'other' needs 'query'"},
-      {"nothing", "find", {{"path", "b"}, {"query", "a"}}, "nothing"},
-      {"under a synonym", "list", {{"q", "a"}}, "lookup 'list' needs 'query'"},
-      {"what is not needed", "list", {{"query", "a"}, {"limit", nullptr}, {"path", ""}}, "nothing"},
-  };
+  const Row rows[] = {{"all", "find", {}, "lookup 'find' needs 'query'; lookup 'find' needs 'path'"},
+                      {"what the action needs", "list", {}, "lookup 'list' needs 'query'"},
+                      {"actions are compared exactly", "Find", {{"query", "a"}}, "nothing"},
+                      {"no action", {}, {}, "lookup needs 'query'"},
+                      {"an empty action is asked for, but not named", "", {{"query", "a"}}, "lookup needs 'path'"},
+                      {"an undeclared action", "other", {}, "lookup 'other' needs 'query'"},
+                      {"nothing", "find", {{"path", "b"}, {"query", "a"}}, "nothing"},
+                      {"under a synonym", "list", {{"q", "a"}}, "lookup 'list' needs 'query'"},
+                      {"what is not needed", "list", {{"query", "a"}, {"limit", nullptr}, {"path", ""}}, "nothing"}};
   for (const Row& row : rows) {
     const auto missing = [&](const ArgumentMap& given) { return missing_arguments("lookup", row.action, given); };
     expect_rows({{row.shows, row.given, row.expected}}, missing);

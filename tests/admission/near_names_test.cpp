@@ -7,6 +7,7 @@
 #include <optional>
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "support/close_matches.hpp"
@@ -21,56 +22,38 @@ std::string nearest(std::string_view word, const std::vector<Text>& names) {
   return near == nullptr ? "none" : "'" + std::string(*near) + "'";
 }
 
-struct Row {
-  const char* shows;
-  std::string word;
-  std::vector<Text> names;
-  std::string expected;
-};
-
-void expect_nearest(const std::vector<Row>& rows) {
-  for (Row row : rows) {
-    EXPECT_EQ(nearest(row.word, row.names), row.expected) << row.shows;
-    std::reverse(row.names.begin(), row.names.end());
-    EXPECT_EQ(nearest(row.word, row.names), row.expected) << row.shows << ", the other way round";
+/// A word, the names, and the one that is near, whatever the order of the names.
+void expect_nearest(const std::vector<std::tuple<const char*, std::string, std::vector<Text>, std::string>>& rows) {
+  for (auto [shows, word, names, expected] : rows) {
+    EXPECT_EQ(nearest(word, names), expected) << shows;
+    std::reverse(names.begin(), names.end());
+    EXPECT_EQ(nearest(word, names), expected) << shows << ", the other way round";
   }
 }
 
-TEST(NearNames, ScoreAtLeastTheCutoff) {
-  expect_nearest({
-      {"8/9", "lmit", {"query", "limit"}, "'limit'"},
-      {"8/10, case counts", "Limit", {"limit"}, "'limit'"},
-      {"6/10", "abcde", {"abcxy"}, "'abcxy'"},
-      {"4/10", "abcde", {"abxyz"}, "none"},
-      {"6/10 and 4/10", "abcde", {"abcxy", "abxyz"}, "'abcxy'"},
-      {"8/9 and 8/10", "limi", {"limit", "limits"}, "'limit'"},
-      {"4/6, the candidate being first", "dbd", {"bad"}, "'bad'"},
-      {"2/6, the other way", "bad", {"dbd"}, "none"},
-      {"the earliest block in both", "xaxbcbc", {"bcxa"}, "none"},
-      {"equal", "abc", {"abc", "abcd", "xabc"}, "'abc'"},
-      {"no name at all", "abc", {}, "none"},
-      {"both empty", "", {"", "a"}, "''"},
-      {"one empty", "", {"a"}, "none"},
-      {"the other empty", "a", {""}, "none"},
-  });
-}
-
-TEST(NearNames, OfEqualScoreAreDecidedByTheGreaterText) {
-  expect_nearest({
-      {"both 4/6", "abc", {"abd", "abe"}, "'abe'"},
-      {"4/6 and 6/9, one beginning with the other", "abcd", {"ab", "abcxx"}, "'abcxx'"},
-      {"4/6 and 6/9, the shorter being the greater", "abcd", {"cd", "abcxx"}, "'cd'"},
-      {"by code points, not by bytes", "abc", {"ab\xFF", "ab\uE000"}, "'ab\uE000'"},
-      {"a name that stands twice", "abc", {"abd", "abe", "abe", "abd"}, "'abe'"},
-  });
-}
-
-TEST(NearNames, AreComparedByCodePoints) {
-  expect_nearest({
-      {"alike in bytes only", "\u00E9a", {"\u00E8a"}, "none"},
-      {"alike, with more bytes that differ", "abc\U0001F600\U0001F601", {"abcxy"}, "'abcxy'"},
-      {"alike in their low bits only", "\u0141\u0142\u0143", {"ABC", "\u0181\u0182\u0183"}, "none"},
-  });
+TEST(NearNames, ScoreHighestAndOfEqualScoreAreTheGreaterText) {
+  expect_nearest({{"8/9", "lmit", {"query", "limit"}, "'limit'"},
+                  {"8/10, case counts", "Limit", {"limit"}, "'limit'"},
+                  {"6/10", "abcde", {"abcxy"}, "'abcxy'"},
+                  {"4/10", "abcde", {"abxyz"}, "none"},
+                  {"6/10 and 4/10", "abcde", {"abcxy", "abxyz"}, "'abcxy'"},
+                  {"8/9 and 8/10", "limi", {"limit", "limits"}, "'limit'"},
+                  {"4/6, the candidate being first", "dbd", {"bad"}, "'bad'"},
+                  {"2/6, the other way", "bad", {"dbd"}, "none"},
+                  {"the earliest block in both", "xaxbcbc", {"bcxa"}, "none"},
+                  {"equal", "abc", {"abc", "abcd", "xabc"}, "'abc'"},
+                  {"no name at all", "abc", {}, "none"},
+                  {"both empty", "", {"", "a"}, "''"},
+                  {"one empty", "", {"a"}, "none"},
+                  {"the other empty", "a", {""}, "none"},
+                  {"both 4/6", "abc", {"abd", "abe"}, "'abe'"},
+                  {"4/6 and 6/9, one beginning with the other", "abcd", {"ab", "abcxx"}, "'abcxx'"},
+                  {"4/6 and 6/9, the shorter being the greater", "abcd", {"cd", "abcxx"}, "'cd'"},
+                  {"by code points, not by bytes", "abc", {"ab\xFF", "ab\uE000"}, "'ab\uE000'"},
+                  {"a name that stands twice", "abc", {"abd", "abe", "abe", "abd"}, "'abe'"},
+                  {"alike in bytes only", "\u00E9a", {"\u00E8a"}, "none"},
+                  {"alike, with more bytes that differ", "abc\U0001F600\U0001F601", {"abcxy"}, "'abcxy'"},
+                  {"alike in their low bits only", "\u0141\u0142\u0143", {"ABC", "\u0181\u0182\u0183"}, "none"}});
 }
 
 TEST(NearNames, OfALongWordLeaveItsPopularCharactersToWidening) {

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-
 #include "support/expect_rows.hpp"
 
 namespace tool_binding {
@@ -34,8 +33,7 @@ TEST(NormalizeArguments, TakesAnArgumentByTheFirstTestThatApplies) {
       {"a blank synonym where it is a value", {{"d", ""}}, "{b: ''} | 'd' was read as 'b' | alias"},
       {"what is no white space", {{"s", "\u200B"}}, "{s: '\\u200b'}"},
       {"an empty list and zero", {{"l", std::vector<Value>{}}, {"n", 0}}, "{l: [], n: 0}"},
-      {"white space around a text stays", {{"s", " a "}}, "{s: ' a '}"},
-  };
+      {"white space around a text stays", {{"s", " a "}}, "{s: ' a '}"}};
   expect_admitted(ToolSpec(declaration()), rows);
 }
 
@@ -67,8 +65,7 @@ TEST(NormalizeArguments, ReadsASynonymUnlessTheParameterIsGivenToo) {
       {"problems in order",
        {{"l", 5}, {"x", 1}, {"n", "y"}, {"action", "a"}, {"s", true}},
        "refused: Parameter 'l' of t must be a list (or comma-separated text), not 5; Unknown parameter 'x' for t." +
-           takes + "; " + refused + "'y'; t takes no 'action'; Parameter 's' of t must be text, not True"},
-  };
+           takes + "; " + refused + "'y'; t takes no 'action'; Parameter 's' of t must be text, not True"}};
   expect_admitted(ToolSpec(declaration()), rows);
 }
 
@@ -86,8 +83,7 @@ TEST(NormalizeArguments, ChecksWhatTheActionNeeds) {
       {"no list", {{"l", empty}, {"n", 0}, {"p", "a"}, {"action", "read"}}, "refused: t 'read' needs 'l'"},
       {"refused", {{"action", "read"}, {"p", "a"}, {"n", "x"}, {"l", "b"}}, refused + "t 'read' needs 'n'"},
       {"without an action nothing", {{"n", 1}}, "refused: t needs an 'action': one of list, read"},
-      {"with a refused one neither", {{"action", "x"}}, "refused: Unknown action 'x' for t: one of list, read"},
-  };
+      {"with a refused one neither", {{"action", "x"}}, "refused: Unknown action 'x' for t: one of list, read"}};
   expect_admitted(ToolSpec(tool), rows);
   tool.actions.clear();
   expect_admitted(ToolSpec(tool),

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-
 #include "support/expect_rows.hpp"
 
 namespace tool_binding {
@@ -14,8 +13,7 @@ TEST(UnknownParameter, IsToldWhatTheToolTakes) {
       {"the first of two", {{"patern", 1}}, unknown + "'patern' for search. Did you mean 'query'?" + takes},
       {"none near", {{"zzz", 1}}, unknown + "'zzz' for search." + takes},
       {"no name", {{"", 1}}, unknown + "'' for search." + takes},
-      {"quotes stand unchanged", {{"it's\n", 1}}, unknown + "'it's\n' for search." + takes},
-  };
+      {"quotes stand unchanged", {{"it's\n", 1}}, unknown + "'it's\n' for search." + takes}};
   expect_admitted(ToolSpec({.name = "search",
                             .params = {{.name = "query", .type = "string", .synonyms = {"pattern"}},
                                        {.name = "limit", .type = "integer", .synonyms = {"max_results", "pattern"}},

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-
 #include "support/expect_rows.hpp"
 
 namespace tool_binding {
@@ -35,8 +34,7 @@ TEST(ActionDefault, IsTheActionsOwnElseTheParameters) {
       {"a quote in its name", "pages", "it's", "", "LookupError: the registry's pages tool declares no \"it's\""},
       {"both quotes, and more to escape", "pages", "'\"\\\n", "list",
        R"(LookupError: the registry's pages tool declares no '\'"\\\n')"},
-      {"no such tool", "it's", "limit", "list", "KeyError: no tool is named 'it's'"},
-  };
+      {"no such tool", "it's", "limit", "list", "KeyError: no tool is named 'it's'"}};
   for (const Row& row : rows) {
     EXPECT_EQ(outcome_of([&] { return action_default(row.tool, row.name, row.action); }), row.expected) << row.shows;
   }

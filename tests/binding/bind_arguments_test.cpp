@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-
 #include "support/expect_rows.hpp"
 
 namespace tool_binding {
@@ -30,8 +29,7 @@ TEST(BindArguments, GivesEveryParameterAValueInTheRegistrysOrder) {
       {"but no null action", {{"action", nullptr}}, defaults},
       {"nothing undeclared", {{"path", "a"}, {"P", "b"}, {"repo", "c"}, {"", 1}}, defaults},
       {"as it is", {{"n", "x"}, {"p", 5}, {"action", "b"}}, "{action: 'b', p: 5, n: 'x', l: ['a'], s: None}"},
-      {"the action that is run", {{"action", "LS"}}, defaults},
-  };
+      {"the action that is run", {{"action", "LS"}}, defaults}};
   expect_bound(ToolSpec(files_declaration()), rows);
 }
 

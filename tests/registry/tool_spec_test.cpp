@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-
 #include "support/expect_rows.hpp"
 
 namespace tool_binding {
@@ -8,23 +7,6 @@ namespace {
 template <class Record>
 std::string name_of(const Record* found) {
   return found == nullptr ? "none" : std::string(found->name);
-}
-
-TEST(ToolSpec, HandsOutItsRecordsInDeclaredOrder) {
-  const ToolSpec tool({.name = "files",
-                       .description = "about",
-                       .actions = {{.name = "read"}, {.name = "list"}},
-                       .default_action = "list",
-                       .params = {{.name = "path", .type = "string"}, {.name = "line", .type = "integer"}}});
-  EXPECT_EQ(tool.name(), "files");
-  EXPECT_EQ(tool.description(), "about");
-  EXPECT_EQ(tool.default_action(), std::optional<Text>("list"));
-  EXPECT_EQ(tool.params()[1].type, "integer");
-  EXPECT_EQ(tool.actions()[1].name, "list");
-  EXPECT_EQ(std::vector<Text>(tool.param_names().begin(), tool.param_names().end()),
-            (std::vector<Text>{"path", "line"}));
-  EXPECT_EQ(std::vector<Text>(tool.action_names().begin(), tool.action_names().end()),
-            (std::vector<Text>{"read", "list"}));
 }
 
 TEST(ToolSpec, FindsAParameterByItsDeclaredNameBeforeAnySynonym) {
@@ -73,14 +55,6 @@ TEST(ToolSpec, WordsTheRefusalOfAnAction) {
   const ToolSpec tool({.name = "files", .actions = {{.name = "list", .synonyms = {"ls"}}, {.name = "read"}}});
   EXPECT_EQ(tool.unknown_action_error(" it's "), "Unknown action ' it's ' for files: one of list, read");
   EXPECT_EQ(tool.unknown_action_error(5.0), "Unknown action '5.0' for files: one of list, read");
-}
-
-TEST(ParamSpec, IsRequiredByEveryCallOrByItsActions) {
-  const ParamSpec always = {.name = "p", .type = "string", .required = true};
-  const ParamSpec sometimes = {.name = "p", .type = "string", .required_for = {"list", "read"}};
-  EXPECT_TRUE(always.required_by({}) && always.required_by("list"));
-  EXPECT_TRUE(sometimes.required_by("list") && sometimes.required_by("read"));
-  EXPECT_FALSE(sometimes.required_by({}) || sometimes.required_by("") || sometimes.required_by("List"));
 }
 
 }  // namespace
