@@ -3,9 +3,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <map>
-#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -23,38 +21,7 @@ using Places = std::map<Text, std::string>;
 
 std::string quoted(const Text& name) { return quoted_form(Value(name)); }
 
-bool is_bound(const Value& value) noexcept {
-  return value.is_null() || value.is_integer() || (value.is_floating() && !std::isnan(value.floating()));
-}
-
-/// Which action of a tool a word names, in whatever spelling; none for a word that no request can spell, as one with
-/// white space around it.
-class ActionWords {
- public:
-  explicit ActionWords(const ToolDeclaration& tool)
-      : words_({.name = tool.name, .actions = tool.actions}), names_(without_synonyms(tool)) {}
-
-  [[nodiscard]] std::optional<std::size_t> first_with(const Text& word) const { return first_in(words_, word); }
-  [[nodiscard]] std::optional<std::size_t> first_named(const Text& word) const { return first_in(names_, word); }
-  [[nodiscard]] const Text& name_of(std::size_t action) const { return words_.actions()[action].name; }
-
- private:
-  static ToolDeclaration without_synonyms(ToolDeclaration tool) {
-    for (ActionSpec& action : tool.actions) {
-      action.synonyms.clear();
-    }
-    return {.name = tool.name, .actions = std::move(tool.actions)};
-  }
-
-  /// The space before the word keeps a name that equals it from coming before an earlier action.
-  static std::optional<std::size_t> first_in(const ToolSpec& tool, const Text& word) {
-    const ActionSpec* const action = tool.action(std::string(" ").append(word));
-    return action == nullptr ? std::nullopt : std::optional(static_cast<std::size_t>(action - tool.actions().data()));
-  }
-
-  ToolSpec words_;
-  ToolSpec names_;
-};
+bool is_bound(const Value& value) noexcept { return value.is_null() || value.is_integer() || value.is_floating(); }
 
 /// Judges one thing after another and collects the faults.
 class Judging {
@@ -74,9 +41,8 @@ class Judging {
 
  private:
   void judge_actions(const ToolDeclaration& tool, const std::string& place);
-  void judge_action_words(const ToolDeclaration& tool, const std::string& place);
   void judge_params(const ToolDeclaration& tool, const std::string& place);
-  void judge_synonyms(const ParamSpec& param, const std::string& place, const Places& names, Places& synonyms);
+  void judge_synonyms(const std::vector<Text>& of_one, const std::string& place, const Places& names, Places& synonyms);
   void judge_param(const ParamSpec& param, const std::string& place);
   void judge_references(const ToolDeclaration& tool, const ParamSpec& param, const std::string& place);
   void judge_handler(const Signature& signature, const std::string& place);
@@ -97,14 +63,6 @@ class Judging {
       add(place, "a name must not be empty");
     }
     return !name.empty();
-  }
-
-  /// `word` of the action `index` must not name an earlier one.
-  void require_own_word(const ActionWords& words, std::size_t index, const Text& word, std::string place) {
-    const std::optional<std::size_t> first = words.first_with(word);
-    if (!word.empty() && first && *first < index) {
-      add(std::move(place), quoted(word) + " names the action " + quoted(words.name_of(*first)) + " already");
-    }
   }
 
   void require_action(const ToolDeclaration& tool, const Text& name, std::string place) {
@@ -128,30 +86,17 @@ class Judging {
 };
 
 void Judging::judge_actions(const ToolDeclaration& tool, const std::string& place) {
+  const auto action_place = [&](std::size_t index) { return item_place(member_place(place, "actions"), index); };
   Places names;
+  Places synonyms;
   for (std::size_t index = 0; index < tool.actions.size(); ++index) {
-    declare(names, tool.actions[index].name, member_place(item_place(member_place(place, "actions"), index), "name"));
+    declare(names, tool.actions[index].name, member_place(action_place(index), "name"));
   }
-  judge_action_words(tool, place);
+  for (std::size_t index = 0; index < tool.actions.size(); ++index) {
+    judge_synonyms(tool.actions[index].synonyms, action_place(index), names, synonyms);
+  }
   if (tool.default_action) {
     require_action(tool, *tool.default_action, member_place(place, "default_action"));
-  }
-}
-
-void Judging::judge_action_words(const ToolDeclaration& tool, const std::string& place) {
-  const ActionWords words(tool);
-  for (std::size_t index = 0; index < tool.actions.size(); ++index) {
-    const ActionSpec& action = tool.actions[index];
-    const std::string action_place = item_place(member_place(place, "actions"), index);
-    if (words.first_named(action.name) == index) {
-      require_own_word(words, index, action.name, member_place(action_place, "name"));
-    }
-    const std::string synonyms_place = member_place(action_place, "synonyms");
-    for (std::size_t synonym = 0; synonym < action.synonyms.size(); ++synonym) {
-      if (require_name(action.synonyms[synonym], item_place(synonyms_place, synonym))) {
-        require_own_word(words, index, action.synonyms[synonym], item_place(synonyms_place, synonym));
-      }
-    }
   }
 }
 
@@ -163,16 +108,18 @@ void Judging::judge_params(const ToolDeclaration& tool, const std::string& place
     declare(names, tool.params[index].name, member_place(param_place(index), "name"));
   }
   for (std::size_t index = 0; index < tool.params.size(); ++index) {
-    judge_synonyms(tool.params[index], param_place(index), names, synonyms);
+    judge_synonyms(tool.params[index].synonyms, param_place(index), names, synonyms);
     judge_param(tool.params[index], param_place(index));
     judge_references(tool, tool.params[index], param_place(index));
   }
 }
 
-void Judging::judge_synonyms(const ParamSpec& param, const std::string& place, const Places& names, Places& synonyms) {
+/// The synonyms of one parameter or action, which stands at `place`, among the declared names and earlier synonyms.
+void Judging::judge_synonyms(const std::vector<Text>& of_one, const std::string& place, const Places& names,
+                             Places& synonyms) {
   const std::string synonyms_place = member_place(place, "synonyms");
-  for (std::size_t index = 0; index < param.synonyms.size(); ++index) {
-    const Text& synonym = param.synonyms[index];
+  for (std::size_t index = 0; index < of_one.size(); ++index) {
+    const Text& synonym = of_one[index];
     std::string synonym_place = item_place(synonyms_place, index);
     if (!require_name(synonym, synonym_place)) {
       continue;

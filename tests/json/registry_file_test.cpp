@@ -182,20 +182,19 @@ TEST(RegistryFile, RefusesWhatTheRegistryCannotUse) {
        "line 1: tools[0].params[0].synonyms[0]: 'p' is declared as a name at tools[0].params[0].name\n"
        "line 1: tools[0].params[0].synonyms[1]: 'q' is declared as a name at tools[0].params[1].name\n"
        "line 2: tools[0].params[1].synonyms[0]: 'x' is a synonym already at tools[0].params[0].synonyms[2]"},
-      {"synonyms of actions, whatever their case",
-       tool_with(R"("actions": [{"name": "list", "synonyms": ["ls", "List", "READ"]}, {"name": "read"},
-                                {"name": "find", "synonyms": ["LS", "LIST", "get"]}])"),
-       "line 1: tools[0].actions[1].name: 'read' names the action 'list' already\n"
-       "line 2: tools[0].actions[2].synonyms[0]: 'LS' names the action 'list' already\n"
-       "line 2: tools[0].actions[2].synonyms[1]: 'LIST' names the action 'list' already"},
+      {"synonyms of actions, which differ by case",
+       tool_with(R"("actions": [{"name": "list", "synonyms": ["ls", "List", "read"]}, {"name": "read"},
+                                {"name": "find", "synonyms": ["LS", "ls", "get"]}])"),
+       "line 1: tools[0].actions[0].synonyms[2]: 'read' is declared as a name at tools[0].actions[1].name\n"
+       "line 2: tools[0].actions[2].synonyms[1]: 'ls' is a synonym already at tools[0].actions[0].synonyms[0]"},
       {"undeclared actions", actions_with(R"("default_action": "lst", "params": [{"name": "p", "type": "array",
                        "required_for": ["list", "ls"], "action_defaults": {"read": 1, "write": 2}}])"),
        "line 1: tools[0].default_action: 'lst' is no declared action; did you mean 'list'?\n"
        "line 2: tools[0].params[0].required_for[1]: 'ls' is no declared action\n"
        "line 2: tools[0].params[0].action_defaults.write: 'write' is no declared action"},
-      {"bounds", param_with(R"("minimum": "1", "maximum": NaN)"),
+      {"bounds", param_with(R"("minimum": "1", "maximum": [2])"),
        "line 1: tools[0].params[0].minimum: must be a number, not '1'\n"
-       "line 1: tools[0].params[0].maximum: must be a number, not nan"},
+       "line 1: tools[0].params[0].maximum: must be a number, not [2]"},
       {"a fault of shape hides no neighbour of a longer name", param_with(R"("required": 0, "required_for": ["x"])"),
        "line 1: tools[0].params[0].required: must be true or false, not an integer\n"
        "line 1: tools[0].params[0].required_for[0]: 'x' is no declared action"},
