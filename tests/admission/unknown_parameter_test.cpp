@@ -20,8 +20,8 @@ TEST(UnknownParameter, IsToldWhatTheToolTakes) {
                                        {.name = "\u00FCber", .type = "string"}}}),
                   rows);
   expect_admitted(ToolSpec({.name = "t"}), {{"nothing", {{"x", 1}}, unknown + "'x' for t. It takes none."}});
-  expect_admitted(ToolSpec({.name = "t", .params = {{.name = "", .type = "string"}}}),
-                  {{"what has no name", {{"x", 1}, {"", "a"}}, unknown + "'x' for t. It takes: ."}});
+  expect_admitted(ToolSpec({.name = "t", .params = {{.name = "", .type = "string", .synonyms = {"nameless"}}}}),
+                  {{"what has no name", {{"nameles", 1}, {"", "a"}}, unknown + "'nameles' for t. It takes: ."}});
 }
 
 }  // namespace
