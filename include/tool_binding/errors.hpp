@@ -7,6 +7,8 @@
 
 #include "tool_binding/text.hpp"
 
+#pragma GCC visibility push(default)
+
 /// The errors of the layer. Each carries one message and copies it without allocating.
 ///
 /// Two failures of other origin pass through every function of the layer: std::overflow_error for a number that no
@@ -60,3 +62,5 @@ class ArgumentError : public ValueError {
 };
 
 }  // namespace tool_binding
+
+#pragma GCC visibility pop

@@ -10,6 +10,8 @@
 
 #include "tool_binding/value.hpp"
 
+#pragma GCC visibility push(default)
+
 /// A handler as binding sees it, and the keyword arguments that it is called with.
 ///
 /// A handler declares its parameters next to its function. What the daemon supplies itself (the repository, its root,
@@ -83,3 +85,5 @@ struct Handler {
 };
 
 }  // namespace tool_binding
+
+#pragma GCC visibility pop

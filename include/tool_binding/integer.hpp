@@ -11,7 +11,12 @@
 
 #include "tool_binding/detail/cell.hpp"
 
+#pragma GCC visibility push(default)
+
 namespace tool_binding {
+
+class Integer;
+[[nodiscard]] std::strong_ordering operator<=>(const Integer& left, const Integer& right) noexcept;
 
 /// An integer of any width, 16 bytes, copied without copying its digits.
 ///
@@ -88,3 +93,5 @@ class Integer {
 static_assert(sizeof(Integer) == 16);
 
 }  // namespace tool_binding
+
+#pragma GCC visibility pop

@@ -13,6 +13,8 @@
 
 #include "tool_binding/text.hpp"
 
+#pragma GCC visibility push(default)
+
 namespace tool_binding {
 
 /// An insertion-ordered map from name to `Mapped`, the map under `ArgumentMap` and `KeywordArguments`.
@@ -152,3 +154,5 @@ class OrderedMap {
 };
 
 }  // namespace tool_binding
+
+#pragma GCC visibility pop

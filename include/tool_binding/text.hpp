@@ -10,6 +10,8 @@
 
 #include "tool_binding/detail/cell.hpp"
 
+#pragma GCC visibility push(default)
+
 namespace tool_binding {
 
 class Text;
@@ -17,7 +19,7 @@ class Text;
 namespace detail {
 [[nodiscard]] const Cell& cell_of(const Text& text) noexcept;
 struct LooseText;
-}
+}  // namespace detail
 
 /// An immutable text of 16 bytes that is copied without copying its content.
 ///
@@ -90,3 +92,5 @@ struct detail::LooseText {
 inline const detail::Cell& detail::cell_of(const Text& text) noexcept { return text.cell_; }
 
 }  // namespace tool_binding
+
+#pragma GCC visibility pop

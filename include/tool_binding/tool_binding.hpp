@@ -13,6 +13,8 @@
 #include "tool_binding/tool_registry.hpp"
 #include "tool_binding/value.hpp"
 
+#pragma GCC visibility push(default)
+
 /// The layer between a tool request and its handler: seven names, in the order in which a request meets them.
 ///
 /// A request is admitted (`normalize_arguments`), bound (`bind_arguments`) and made into the keywords that its handler
@@ -73,3 +75,5 @@ class NormalizedArguments {
                                               const KeywordArguments& context);
 
 }  // namespace tool_binding
+
+#pragma GCC visibility pop

@@ -13,6 +13,8 @@
 #include "tool_binding/text.hpp"
 #include "tool_binding/value.hpp"
 
+#pragma GCC visibility push(default)
+
 /// The registry: the one table of the tools that a daemon offers.
 ///
 /// A daemon fills `TOOLS` at start-up, before its first request; afterwards the registry is only read, from any number
@@ -150,3 +152,5 @@ class ToolTable {
 extern ToolTable TOOLS;
 
 }  // namespace tool_binding
+
+#pragma GCC visibility pop

@@ -5,6 +5,8 @@
 
 #include "tool_binding/tool_registry.hpp"
 
+#pragma GCC visibility push(default)
+
 /// The registry's schema functions.
 namespace tool_binding {
 
@@ -15,3 +17,5 @@ namespace tool_binding {
 [[nodiscard]] Value effective_action(const ToolSpec& tool, const ArgumentMap& arguments);
 
 }  // namespace tool_binding
+
+#pragma GCC visibility pop

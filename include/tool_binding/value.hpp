@@ -15,9 +15,12 @@
 #include "tool_binding/ordered_map.hpp"
 #include "tool_binding/text.hpp"
 
+#pragma GCC visibility push(default)
+
 namespace tool_binding {
 
 class Value;
+[[nodiscard]] bool operator==(const Value& left, const Value& right);
 
 /// The arguments of a request by name, in their order; also the content of a mapping value.
 using ArgumentMap = OrderedMap<Value>;
@@ -148,3 +151,5 @@ static_assert(sizeof(Value) == 16);
 [[nodiscard]] std::string quoted_form(const Value& value);
 
 }  // namespace tool_binding
+
+#pragma GCC visibility pop

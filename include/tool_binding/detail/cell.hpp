@@ -9,6 +9,8 @@
 #include <string_view>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 /// The 16 bytes under `Text`, `Integer` and `Value`, and the shared nodes that larger contents stand in.
 ///
 /// A cell is either complete in itself or the owner of one reference to an immutable node with an atomic count. Its
@@ -203,3 +205,5 @@ static_assert(sizeof(Cell) == 16);
 }
 
 }  // namespace tool_binding::detail
+
+#pragma GCC visibility pop

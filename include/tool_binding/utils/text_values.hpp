@@ -6,6 +6,8 @@
 
 #include "tool_binding/value.hpp"
 
+#pragma GCC visibility push(default)
+
 /// Readers of values that were sent as text.
 namespace tool_binding {
 
@@ -23,3 +25,5 @@ namespace tool_binding {
 [[nodiscard]] std::vector<Value> split_csv(std::string_view text);
 
 }  // namespace tool_binding
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 
 #include "tool_binding/errors.hpp"
 
+#pragma GCC visibility push(default)
+
 namespace tool_binding::json {
 
 /// A text that is no JSON (RFC 8259), with the place of the fault.
@@ -27,3 +29,5 @@ class ParseError : public ValueError {
 };
 
 }  // namespace tool_binding::json
+
+#pragma GCC visibility pop

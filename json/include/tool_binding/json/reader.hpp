@@ -7,6 +7,8 @@
 #include "tool_binding/json/parse_error.hpp"
 #include "tool_binding/value.hpp"
 
+#pragma GCC visibility push(default)
+
 /// JSON text (RFC 8259) to values.
 ///
 /// A number without fraction and exponent is an integer and keeps every digit; any other is the nearest double, an
@@ -38,3 +40,5 @@ class Reader {
 [[nodiscard]] Value read(std::string_view text);
 
 }  // namespace tool_binding::json
+
+#pragma GCC visibility pop

@@ -9,6 +9,8 @@
 #include "tool_binding/handler.hpp"
 #include "tool_binding/tool_registry.hpp"
 
+#pragma GCC visibility push(default)
+
 /// What is wrong in a list of tool declarations, wherever they come from.
 namespace tool_binding::json {
 
@@ -34,3 +36,5 @@ struct RegistryEntry {
 [[nodiscard]] std::vector<Fault> registry_faults(std::span<const RegistryEntry> entries);
 
 }  // namespace tool_binding::json
+
+#pragma GCC visibility pop

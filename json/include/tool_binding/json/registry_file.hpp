@@ -12,6 +12,8 @@
 #include "tool_binding/json/registry_faults.hpp"
 #include "tool_binding/tool_registry.hpp"
 
+#pragma GCC visibility push(default)
+
 /// A registry written as a JSON file: an object with a list "tools", one object a tool.
 namespace tool_binding::json {
 
@@ -61,3 +63,5 @@ struct DeclaredTool {
 [[nodiscard]] std::vector<DeclaredTool> read_registry(std::string_view text);
 
 }  // namespace tool_binding::json
+
+#pragma GCC visibility pop
