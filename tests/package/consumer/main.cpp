@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include <cstdio>
+#include <string>
+
+#include "tool_binding/tool_binding.hpp"
+#ifdef WITH_JSON
+#include "tool_binding/json/parse_error.hpp"
+#include "tool_binding/json/registry_file.hpp"
+#endif
+
+/// What only holds across a library's boundary: one `TOOLS`, errors that are caught by their own types, context items
+/// whose type both sides agree on.
+int main() {
+  using namespace tool_binding;
+#ifdef WITH_JSON
+  TOOLS.add(json::read_registry(R"({"tools": [{"name": "search", "params": [{"name": "limit", "type": "integer"}]}]})")
+                .front()
+                .tool);
+  try {
+    static_cast<void>(json::read_registry("{"));
+    return std::puts("a registry that is no JSON was read") >= 0 ? 1 : 2;
+  } catch (const json::ParseError&) {
+  }
+#else
+  TOOLS.add({.name = "search", .params = {{.name = "limit", .type = "integer"}}});
+#endif
+  try {
+    static_cast<void>(normalize_arguments("search", ArgumentMap{{"limt", 5}}));
+    return std::puts("an unknown parameter was admitted") >= 0 ? 1 : 2;
+  } catch (const ArgumentError& error) {
+    std::puts(error.what());
+  }
+  const Handler handler{{{{"repository"}, {"limit"}}}, {}};
+  std::string repository = "atlas";
+  const KeywordArguments context{{"repository", KeywordArgument::context(repository)}};
+  const auto admitted = normalize_arguments("search", ArgumentMap{{"limit", "5"}});
+  const auto keywords = handler_kwargs(handler, bind_arguments("search", admitted.arguments()), context);
+  const bool right = keywords.find("repository")->item<std::string>() == "atlas" &&
+                     keywords.find("limit")->value() == Value(5) && Integer(5) < Integer::from_decimal("50");
+  return right ? 0 : 1;
+}
