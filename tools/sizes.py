@@ -1,0 +1,52 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""The measuring half of tools/sizes: BUILD is a folder with the stripped libraries; --markdown writes table rows."""
+import argparse
+import pathlib
+import statistics
+import subprocess
+import time
+
+RUNS = 9
+COMPILE = ["c++", "-std=c++20", "-O2", "-Iinclude", "-fsyntax-only", "-x", "c++", "-"]
+EMPTY = "int main() {}\n"
+FAMILIAR = "#include <functional>\n#include <map>\n#include <memory>\n#include <string>\n#include <vector>\n" + EMPTY
+PUBLIC = '#include "tool_binding/tool_binding.hpp"\n' + EMPTY
+
+
+def seconds(source):
+    began = time.perf_counter()
+    subprocess.run(COMPILE, input=source, text=True, check=True)
+    return time.perf_counter() - began
+
+
+def medians(*sources):
+    """The sources take turns, so that a slow moment of the machine strikes them alike."""
+    rounds = [[seconds(source) for source in sources] for _ in range(RUNS + 1)][1:]
+    return [statistics.median(times) for times in zip(*rounds)]
+
+
+def simdjson_size():
+    listed = subprocess.run(["/sbin/ldconfig", "-p"], capture_output=True, text=True, check=True).stdout
+    path = next(line.split("=> ")[1] for line in listed.splitlines() if "libsimdjson.so" in line)
+    return pathlib.Path(path).resolve().stat().st_size
+
+
+parser = argparse.ArgumentParser(description=__doc__)
+parser.add_argument("build", type=pathlib.Path)
+parser.add_argument("--markdown", action="store_true")
+options = parser.parse_args()
+
+layer, adapter = ((options.build / f"lib{name}.stripped.so").stat().st_size
+                  for name in ("tool_binding", "tool_binding_json"))
+familiar, public = medians(FAMILIAR, PUBLIC)
+rows = [
+    ("the layer, stripped shared library", f"{layer / 1024:.0f} KiB",
+     f"{layer / simdjson_size():.2f} × Debian's libsimdjson"),
+    ("the JSON adapter, stripped shared library", f"{adapter / 1024:.0f} KiB",
+     f"{adapter / simdjson_size():.2f} × Debian's libsimdjson"),
+    ("compiling an empty main with the public header", f"{public * 1000:.0f} ms",
+     f"{public / familiar:.2f} × with <functional>, <map>, <memory>, <string>, <vector>"),
+]
+for row in rows:
+    print("| " + " | ".join(row) + " |" if options.markdown else "{:<48} {:>9}   {}".format(*row))
