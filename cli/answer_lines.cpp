@@ -7,13 +7,6 @@
 
 namespace tool_binding::cli {
 
-namespace {
-
-/// Blank as JSON (RFC 8259) has white space, the carriage return of a line ending included.
-bool is_blank(std::string_view text) { return text.find_first_not_of(" \t\r") == std::string_view::npos; }
-
-}  // namespace
-
 ExitStatus answer_lines(const std::string& path, const Answerer& answer) {
   InputLines lines{Input(path)};
   Output output;
@@ -25,9 +18,6 @@ ExitStatus answer_lines(const std::string& path, const Answerer& answer) {
     const std::optional<Line> line = lines.next();
     if (!line) {
       break;
-    }
-    if (is_blank(line->text)) {
-      continue;
     }
     if (answer(*line, output.text()) == Outcome::refused) {
       status = ExitStatus::refused;

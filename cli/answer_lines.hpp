@@ -14,7 +14,8 @@ enum class Outcome : bool { answered, refused };
 /// Appends the answer to a line, without a line feed, to `out`.
 using Answerer = std::function<Outcome(const Line& line, std::string& out)>;
 
-/// Answers every line of a file on standard output, in order, and skips blank ones. Answers are written before more
+/// Answers every line of a file on standard output, in order; a blank one is no request and is answered too,
+/// so that the answers stand line for line. Answers are written before more
 /// input is waited for; while there is input, they are gathered. Ends early when nobody reads the answers any more.
 /// Throws std::system_error.
 [[nodiscard]] ExitStatus answer_lines(const std::string& path, const Answerer& answer);

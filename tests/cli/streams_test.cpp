@@ -36,12 +36,13 @@ TEST(Streams, EndQuietlyWhenNobodyListens) {
   EXPECT_EQ(dialogue.end(), 0);
 }
 
-TEST(Streams, CountBlankLinesAndTakeALastLineWithoutLineFeed) {
-  const Finished finished = run(question, "\n \t\r\n" + asked + "\n\n5\n" + asked);
-  EXPECT_EQ(finished.out, answered +
-                              "{\"error\": \"ValueError\", \"message\": \"line 5: a request must be an object, and is "
-                              "a number\"}\n" +
-                              answered);
+TEST(Streams, AnswerBlankLinesAndALastLineWithoutLineFeed) {
+  const auto refused = [](const char* words) {
+    return std::string(R"({"error": "ValueError", "message": "line )") + words + "\"}\n";
+  };
+  const Finished finished = run(question, "\n \t\r\n" + asked + "\n5\n" + asked);
+  EXPECT_EQ(finished.out, refused("1: byte 1: a value is missing") + refused("2: byte 4: a value is missing") +
+                              answered + refused("4: a request must be an object, and is a number") + answered);
 }
 
 TEST(Streams, TakeLinesOfAnyLength) {
