@@ -7,8 +7,9 @@ namespace tool_binding {
 namespace {
 
 TEST(EffectiveAction, IsTheNamedOneElseTheDefault) {
-  const ToolDeclaration files = {
-      .name = "files", .actions = {{.name = "list", .synonyms = {"ls"}}, {.name = "read"}}, .default_action = "read"};
+  const ToolDeclaration files = {.name = "branches",
+                                 .actions = {{.name = "list", .synonyms = {"ls"}}, {.name = "read"}},
+                                 .default_action = "read"};
   const std::vector<ArgumentsRow> rows = {{"declared", {{"x", 1}, {"action", "list"}}, "'list'"},
                                           {"a synonym", {{"action", " LS "}}, "'list'"},
                                           {"undeclared", {{"action", " Other "}}, "' Other '"},
@@ -20,7 +21,7 @@ TEST(EffectiveAction, IsTheNamedOneElseTheDefault) {
   expect_rows({{"no default", {}, "None"}, {"no actions", {{"action", "list"}}, "'list'"}},
               [](const ArgumentMap& given) { return effective_action(ToolSpec({.name = "status"}), given); });
   TOOLS.add(files);
-  EXPECT_EQ(one_line(effective_action("files", {})), "'read'");
+  EXPECT_EQ(one_line(effective_action("branches", {})), "'read'");
   EXPECT_EQ(outcome_of([] { return effective_action("nosuch", {}); }), "KeyError: no tool is named 'nosuch'");
 }
 

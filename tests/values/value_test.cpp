@@ -88,7 +88,7 @@ TEST(Value, SurvivesBeingAssignedAndMoved) {
     value = std::move(taken);
     EXPECT_EQ(value, given);
   }
-  Value nested = List{List{long_text}};
+  Value nested = List{Value(List{long_text})};
   nested = nested.list()[0];
   EXPECT_EQ(nested, Value(List{long_text}));
   Text text = long_text;
