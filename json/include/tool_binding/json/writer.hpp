@@ -11,8 +11,8 @@
 ///
 /// Text stands as UTF-8, escaped only where JSON requires it. What no UTF-8 can spell, a lone surrogate or a byte that
 /// is no part of well-formed text, stands as the `\u` escape of its code point: the output is always well-formed. An
-/// integer has all its digits. A floating number has a fraction or an exponent (5.0, 1e+16), or is one of the bare words
-/// NaN, Infinity and -Infinity, so that it is read as a floating number again.
+/// integer has all its digits. A floating number has a fraction or an exponent (5.0, 1e+16), or is one of the bare
+/// words NaN, Infinity and -Infinity, so that it is read as a floating number again.
 namespace tool_binding::json {
 
 [[nodiscard]] std::string write(const Value& value);
