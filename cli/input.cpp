@@ -49,7 +49,7 @@ std::size_t Input::read(std::span<char> room) {
 }
 
 std::string read_file(const std::string& path) {
-  constexpr std::size_t step = 64 * 1024;
+  constexpr std::size_t step = std::size_t{64} * 1024;
   Input input(path);
   std::string content;
   std::size_t filled = 0;

@@ -8,7 +8,7 @@ namespace tool_binding::cli {
 
 namespace {
 
-constexpr std::size_t first_capacity = 256 * 1024;
+constexpr std::size_t first_capacity = std::size_t{256} * 1024;
 
 }  // namespace
 

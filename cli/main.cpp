@@ -84,6 +84,8 @@ ExitStatus run(int argument_count, const char* const* arguments) {
 
 }  // namespace
 
+// Any other exception is a fault of this program, and ends it.
+// NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int argument_count, char** arguments) {
   std::signal(SIGPIPE, SIG_IGN);
   ExitStatus status = ExitStatus::failed;

@@ -11,7 +11,7 @@
 namespace tool_binding::cli {
 
 bool Output::is_large() const noexcept {
-  constexpr std::size_t large = 64 * 1024;
+  constexpr std::size_t large = std::size_t{64} * 1024;
   return text_.size() >= large;
 }
 

@@ -81,7 +81,7 @@ class Integer {
     return {detail::Tag::integer, static_cast<std::int64_t>(value)};
   }
   static detail::Cell wide_from(std::uint64_t value);
-  static detail::Cell wide_from_digits(bool negative, std::string_view magnitude);
+  static detail::Cell wide_from_digits(bool negative, std::string_view digits);
 
   [[nodiscard]] bool is_wide() const noexcept { return cell_.holds_node(); }
   [[nodiscard]] std::int64_t small() const noexcept { return cell_.content<std::int64_t>(); }

@@ -34,8 +34,9 @@ class Text {
 
   /// Copies `bytes`. Throws std::bad_alloc when they are more than 15 and no memory is left.
   template <class Bytes>
+  // NOLINTNEXTLINE(google-explicit-constructor)
   requires std::convertible_to<const Bytes&, std::string_view> &&(!std::same_as<Bytes, Text>)Text(const Bytes& bytes)
-      : cell_(std::string_view(bytes)) {}  // NOLINT(google-explicit-constructor)
+      : cell_(std::string_view(bytes)) {}
 
   Text(const Text&) noexcept = default;
   Text(Text&& other) noexcept : cell_(other.cell_, detail::Tag::empty_text) {}

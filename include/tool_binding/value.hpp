@@ -47,13 +47,14 @@ class Value {
   Value(Number value) noexcept  // NOLINT(google-explicit-constructor)
       : cell_(detail::Tag::floating, static_cast<double>(value)) {}
   template <std::integral Number>
-  requires(!std::same_as<Number, bool>) Value(Number value)
-      : Value(Integer(value)) {}                                // NOLINT(google-explicit-constructor)
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  requires(!std::same_as<Number, bool>) Value(Number value) : Value(Integer(value)) {}
   Value(const Integer& value) noexcept : cell_(value.cell_) {}  // NOLINT(google-explicit-constructor)
   Value(const Text& value) noexcept : cell_(value.cell_) {}     // NOLINT(google-explicit-constructor)
   template <class Bytes>
+  // NOLINTNEXTLINE(google-explicit-constructor)
   requires std::convertible_to<const Bytes&, std::string_view> &&(!std::same_as<Bytes, Text>)Value(const Bytes& bytes)
-      : cell_(std::string_view(bytes)) {}  // NOLINT(google-explicit-constructor)
+      : cell_(std::string_view(bytes)) {}
 
   /// A list of `items`, in their order.
   Value(std::vector<Value> items);  // NOLINT(google-explicit-constructor)

@@ -25,7 +25,11 @@ template <class Change>
       changed.reserve(items.size());
       changed.assign(items.begin(), items.begin() + static_cast<std::ptrdiff_t>(place));
     }
-    changed.push_back(item.is_null() ? items[place] : std::move(item));
+    if (item.is_null()) {
+      changed.push_back(items[place]);
+    } else {
+      changed.push_back(std::move(item));
+    }
   }
   return changed.empty() ? Value() : Value(std::move(changed));
 }

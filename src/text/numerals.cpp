@@ -188,7 +188,7 @@ double nearest_double(const Decimal& decimal) {
 std::optional<Integer> read_integer(std::string_view text) {
   std::string_view rest = strip(text);
   const bool negative = take_sign(rest);
-  if (const std::optional<Integer> value = read_short_integer(rest, negative)) {
+  if (std::optional<Integer> value = read_short_integer(rest, negative)) {
     return value;
   }
   std::string digits(negative ? "-" : "");
