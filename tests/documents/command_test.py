@@ -1,6 +1,9 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Every subcommand and option that the command's own help shows stands in its manual and in each completion."""
+"""Every subcommand and option that the command's own help shows stands in its manual and in each completion.
+
+The manual and the changelog are of the command's version.
+"""
 import pathlib
 import re
 import subprocess
@@ -37,4 +40,8 @@ if not names or "--registry" not in expected:
     sys.exit("the command's help shows neither subcommands nor options")
 lacking = [f"{page.relative_to(source)}: no word of '{word}'" for page in pages for word in sorted(expected)
            if not re.search(rf"(?<![\w-]){re.escape(word)}(?![\w-])", words_of(page, page.read_text()))]
+version = subprocess.run([command, "--version"], check=True, capture_output=True, text=True).stdout.split()[1]
+for page, words in (("cli/manual/tool-binding.1", f'"tool_binding {version}"'), ("CHANGELOG.md", f"## {version}")):
+    if words not in (source / page).read_text():
+        lacking.append(f"{page}: is not of version {version}")
 sys.exit("\n".join(lacking) or 0)
