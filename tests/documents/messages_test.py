@@ -11,16 +11,25 @@ source, command = pathlib.Path(sys.argv[1]), sys.argv[2]
 page = (source / "docs" / "messages.md").read_text()
 faults = []
 
-rows = re.findall(r"```json\n(\{.*\})\n```\n\n> (.*)\n", page)
-run = subprocess.run([command, "admit", "--registry", source / "examples" / "repo_daemon.registry.json"],
-                     input="".join(request + "\n" for request, _ in rows), capture_output=True, text=True)
-for (request, expected), line in zip(rows, run.stdout.splitlines(), strict=True):
-    answer = json.loads(line)
+def run(text, *arguments):
+    return subprocess.run([command, "admit", "--registry", *arguments], input=text, capture_output=True, text=True)
+
+
+rows = re.findall(r"```json\n(.*)\n```\n\n> (.*)\n", page)
+for request, expected in rows:
+    answer = json.loads(run(request + "\n", source / "examples" / "repo_daemon.registry.json").stdout)
     said = answer.get("message") or "; ".join(answer["notes"])
     if said != expected:
         faults.append(f"{request}\n  is shown with {expected}\n  and answered with {said}")
 
-for file in [path for room in ("admission", "binding", "registry") for path in (source / "src" / room).glob("*.cpp")]:
+for registry, expected in re.findall(r"```json\n([^`]*)```\n\nhas these:\n\n```text\n(.*?)```", page, re.S):
+    said = run(registry, "-", "/dev/null").stderr.replace("tool-binding: standard input: ", "")
+    if said != expected:
+        faults.append(f"the registry is shown with\n{expected}and refused with\n{said}")
+
+spoken = [path for room in ("admission", "binding", "registry") for path in (source / "src" / room).glob("*.cpp")]
+spoken += [source / "json" / "src" / name for name in ("registry_faults.cpp", "registry_shape.cpp", "field_readers.hpp")]
+for file in spoken:
     code = re.sub(r"//.*|#include.*|static_assert.*", "", file.read_text())
     for phrase in re.findall(r'"((?:[^"\\\n]|\\.)*)"', code):
         if re.search(r"[a-z] [a-z]", phrase) and phrase not in page:
