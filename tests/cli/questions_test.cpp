@@ -10,8 +10,8 @@ using cli_test::registry;
 using cli_test::run;
 
 TEST(Missing, SaysWhatACallLacks) {
-  const Finished finished = run({"missing", "--registry", registry()}, R"(
-{"tool": "browse", "action": "find", "arguments": {"query": " "}}
+  const Finished finished =
+      run({"missing", "--registry", registry()}, R"({"tool": "browse", "action": "find", "arguments": {"query": " "}}
 {"tool": "browse", "action": null}
 {"tool": "fetch", "arguments": {"link": "a"}}
 {"tool": "nope"}
@@ -21,7 +21,7 @@ TEST(Missing, SaysWhatACallLacks) {
 {"tool": "browse", "missing": null}
 {"tool": "fetch", "missing": "fetch needs 'url'"}
 {"tool": "nope", "error": "KeyError", "message": "no tool is named 'nope'"}
-{"error": "ValueError", "message": "line 6: 'action' must be text, and is a number"}
+{"error": "ValueError", "message": "line 5: 'action' must be text, and is a number"}
 )");
   EXPECT_EQ(finished.status, 1);
 }
@@ -31,8 +31,8 @@ TEST(Missing, IsAnAnswerAndNoRefusal) {
 }
 
 TEST(Default, LooksUpWhatACallGets) {
-  const Finished finished = run({"default", "--registry", registry()}, R"(
-{"tool": "browse", "name": "limit", "action": "list"}
+  const Finished finished =
+      run({"default", "--registry", registry()}, R"({"tool": "browse", "name": "limit", "action": "list"}
 {"tool": "browse", "name": "limit", "action": "find"}
 {"tool": "browse", "name": "limit"}
 {"tool": "browse", "name": "query", "action": null}
@@ -46,7 +46,7 @@ TEST(Default, LooksUpWhatACallGets) {
 {"tool": "browse", "default": null}
 {"tool": "browse", "error": "LookupError", "message": "the registry's browse tool declares no \"it's\""}
 {"tool": "nope", "error": "KeyError", "message": "no tool is named 'nope'"}
-{"error": "ValueError", "message": "line 8: 'name' is left out"}
+{"error": "ValueError", "message": "line 7: 'name' is left out"}
 )");
   EXPECT_EQ(finished.status, 1);
 }
