@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "choices.hpp"
+#include "tool_binding/tool_registry.hpp"
+
+/// Tools and requests for them, such that most of a request concerns what its tool declares.
+namespace tool_binding::fuzz {
+
+/// Bounds are numbers, and every type word is one of the five: what a check of the registry refuses is left out.
+[[nodiscard]] ToolDeclaration make_tool(Choices& choices);
+
+[[nodiscard]] ArgumentMap make_request(Choices& choices, const ToolDeclaration& tool);
+
+/// Whether what admission hands out must pass it again as it is. It need not where the registry contradicts itself: a
+/// minimum above the maximum, a bound that is no value of its parameter's type, an action that requests cannot name, a
+/// parameter of a name that admission keeps for itself.
+[[nodiscard]] bool is_consistent(const ToolDeclaration& tool);
+
+/// Whether a number that no double can hold stands in the request or among the bounds.
+[[nodiscard]] bool has_wide_integer(const ToolDeclaration& tool, const ArgumentMap& request);
+
+}  // namespace tool_binding::fuzz
