@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tool_binding/integer.hpp"
 
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <sstream>
@@ -47,7 +48,9 @@ std::vector<Value> numbers(const std::string& line) {
   std::vector<Value> values;
   for (std::string word; words >> word;) {
     const bool is_integer = word.find_first_of(".ein") == std::string::npos;
-    values.push_back(is_integer ? Value(Integer::from_decimal(word)) : Value(std::strtod(word.c_str(), nullptr)));
+    double number = 0;
+    std::from_chars(word.data(), word.data() + word.size(), number);  // with any locale the same
+    values.push_back(is_integer ? Value(Integer::from_decimal(word)) : Value(number));
   }
   return values;
 }
