@@ -6,6 +6,7 @@
 
 #include "tool_binding/errors.hpp"
 #include "tool_binding/handler.hpp"
+#include "tool_binding/registry_check.hpp"
 
 /// What is read once, before the first line is answered.
 namespace tool_binding::cli {
@@ -15,9 +16,6 @@ class UnusableFile : public Error {
  public:
   UnusableFile(const std::string& path, std::string_view faults);
 };
-
-/// The handlers by the names of their tools.
-using Handlers = OrderedMap<Handler>;
 
 /// Fills `TOOLS` from a registry file. Throws UnusableFile, and std::system_error for a file that cannot be read.
 [[nodiscard]] Handlers load_registry(const std::string& path);

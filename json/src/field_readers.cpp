@@ -44,6 +44,11 @@ bool ShapeFaults::require(bool holds, std::string_view wanted, const Node& node,
   return holds;
 }
 
+std::string_view parameter_kind_word(Parameter::Kind kind) noexcept {
+  return std::find_if(parameter_kinds.begin(), parameter_kinds.end(), [&](const auto& row) { return row.kind == kind; })
+      ->word;
+}
+
 void read_field(ShapeFaults& faults, const Node& node, const std::string& place, FreeText& /*text*/) {
   faults.require(node.value.is_text(), "a text", node, place);
 }
@@ -84,7 +89,12 @@ void read_field(ShapeFaults& faults, const Node& node, const std::string& place,
       return;
     }
   }
-  faults.add(node, place, "must be NAMED, VAR_POSITIONAL or VAR_KEYWORD, not " + quoted_form(node.value));
+  std::array<std::string_view, parameter_kinds.size()> words;
+  std::transform(parameter_kinds.begin(), parameter_kinds.end(), words.begin(),
+                 [](const auto& row) { return row.word; });
+  faults.add(node, place,
+             "must be NAMED, VAR_POSITIONAL or VAR_KEYWORD, not " + quoted_form(node.value) +
+                 did_you_mean(node.value.text(), words));
 }
 
 }  // namespace tool_binding::json

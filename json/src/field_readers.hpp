@@ -12,9 +12,8 @@
 
 #include "nearest_word.hpp"
 #include "node.hpp"
-#include "place.hpp"
 #include "tool_binding/handler.hpp"
-#include "tool_binding/json/registry_faults.hpp"
+#include "tool_binding/registry_check.hpp"
 
 /// The reading of a node into a field: one overload for each type of field, one template for all records. A node of the
 /// wrong shape adds a fault and leaves the field as it is.
@@ -27,15 +26,18 @@ class ShapeFaults {
   bool require(bool holds, std::string_view wanted, const Node& node, const std::string& place);
 
   void add(const Node& node, std::string place, std::string words) {
-    faults_.push_back({std::move(place), std::move(words), node.line});
+    faults_.push_back({Finding::Kind::shape, std::move(place), std::move(words), node.line});
   }
 
-  [[nodiscard]] std::span<const Fault> all() const noexcept { return faults_; }
-  [[nodiscard]] std::vector<Fault> take() noexcept { return std::move(faults_); }
+  [[nodiscard]] std::span<const Finding> all() const noexcept { return faults_; }
+  [[nodiscard]] std::vector<Finding> take() noexcept { return std::move(faults_); }
 
  private:
-  std::vector<Fault> faults_;
+  std::vector<Finding> faults_;
 };
+
+/// The word of a handler parameter's kind.
+[[nodiscard]] std::string_view parameter_kind_word(Parameter::Kind kind) noexcept;
 
 /// A text for people, which nothing reads.
 struct FreeText {};

@@ -10,14 +10,16 @@ namespace tool_binding::json {
 
 namespace {
 
-/// The bytes to change, leave out or add that make one text of the other.
+char lowered(char byte) noexcept { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte; }
+
+/// The bytes to change, leave out or add that make one text of the other, ASCII case apart.
 std::size_t edit_distance(std::string_view left, std::string_view right) {
   std::vector<std::size_t> row(right.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
   for (const char byte : left) {
     std::size_t diagonal = row[0]++;
     for (std::size_t j = 0; j < right.size(); ++j) {
-      const std::size_t changed = diagonal + (byte == right[j] ? 0 : 1);
+      const std::size_t changed = diagonal + (lowered(byte) == lowered(right[j]) ? 0 : 1);
       diagonal = row[j + 1];
       row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
     }

@@ -5,8 +5,8 @@
 #include <iterator>
 
 #include "grammar.hpp"
-#include "place.hpp"
 #include "tokens.hpp"
+#include "tool_binding/registry_check.hpp"
 #include "value_builder.hpp"
 
 namespace tool_binding::json {

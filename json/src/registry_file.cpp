@@ -6,63 +6,57 @@
 #include <utility>
 
 #include "node.hpp"
-#include "place.hpp"
 #include "registry_shape.hpp"
 
 namespace tool_binding::json {
 
 namespace {
 
-std::string line_for(const Fault& fault) {
-  std::string line = fault.line == 0 ? "" : "line " + std::to_string(fault.line) + ": ";
-  return line.append(fault.place.empty() ? "the file" : fault.place).append(": ").append(fault.words);
+bool touch(std::string_view left, std::string_view right) noexcept {
+  return stands_within(left, right) || stands_within(right, left);
 }
 
-std::string lines_for(std::span<const Fault> faults) {
-  std::string lines;
-  for (const Fault& fault : faults) {
-    lines.append(lines.empty() ? "" : "\n").append(line_for(fault));
-  }
-  return lines;
-}
-
-/// The faults of shape, then those of what could be read in spite of them, by line. A thing that has the wrong shape is
-/// not judged as well: what stands in its stead is not from the file.
-std::vector<Fault> all_faults(const Node& root, RegistryShape& shape) {
-  std::vector<Fault> faults = std::move(shape.faults);
-  const std::size_t shape_faults = faults.size();
-  for (Fault& judged : registry_faults(shape.entries)) {
-    const auto end = faults.begin() + static_cast<std::ptrdiff_t>(shape_faults);
-    if (std::none_of(faults.begin(), end, [&](const Fault& f) { return stands_within(judged.place, f.place); })) {
-      judged.line = line_of(root, judged.place);
-      faults.push_back(std::move(judged));
+/// Adds what was judged of a file to the faults of its shape, each with its line, in the order of the lines. A thing
+/// that has the wrong shape is not judged as well: what stands in its stead is not from the file.
+void add_judged(std::vector<Finding>& findings, const Node& root, std::vector<Finding> judged) {
+  const std::vector<Finding> shape = findings;
+  for (Finding& finding : judged) {
+    const auto is_beside = [&](const Finding& fault) {
+      return is_error(finding.kind) ? !stands_within(finding.place, fault.place) : !touch(finding.place, fault.place);
+    };
+    if (std::all_of(shape.begin(), shape.end(), is_beside)) {
+      finding.line = line_of(root, finding.place);
+      findings.push_back(std::move(finding));
     }
   }
-  std::stable_sort(faults.begin(), faults.end(), [](const Fault& a, const Fault& b) { return a.line < b.line; });
-  return faults;
+  std::stable_sort(findings.begin(), findings.end(), [](const auto& a, const auto& b) { return a.line < b.line; });
 }
 
 }  // namespace
 
-RegistryError::RegistryError(std::vector<Fault> faults)
-    : ValueError(lines_for(faults)), faults_(std::make_shared<const std::vector<Fault>>(std::move(faults))) {}
-
 struct RegistryFile::Content {
   Node root;
-  std::vector<RegistryEntry> entries;
-  std::vector<Fault> faults;
+  RegistryShape shape;
+  std::vector<Finding> faults;
 };
 
 RegistryFile::RegistryFile(std::string_view text) {
   Node root = read_node(text);
   RegistryShape shape = read_shape(root);
-  std::vector<Fault> faults = all_faults(root, shape);
-  content_ = std::make_shared<const Content>(Content{std::move(root), std::move(shape.entries), std::move(faults)});
+  std::vector<Finding> faults = shape.faults;
+  add_judged(faults, root, registry_errors(shape.entries));
+  content_ = std::make_shared<const Content>(Content{std::move(root), std::move(shape), std::move(faults)});
 }
 
-std::span<const RegistryEntry> RegistryFile::entries() const noexcept { return content_->entries; }
+std::span<const RegistryEntry> RegistryFile::entries() const noexcept { return content_->shape.entries; }
 
-std::span<const Fault> RegistryFile::faults() const noexcept { return content_->faults; }
+std::span<const Finding> RegistryFile::faults() const noexcept { return content_->faults; }
+
+std::vector<Finding> RegistryFile::check() const {
+  std::vector<Finding> findings = content_->shape.faults;
+  add_judged(findings, content_->root, check_registry(content_->shape.entries));
+  return findings;
+}
 
 std::size_t RegistryFile::line_of(std::string_view place) const { return json::line_of(content_->root, place); }
 
@@ -74,7 +68,7 @@ std::vector<DeclaredTool> read_registry(std::string_view text) {
   std::vector<DeclaredTool> tools;
   tools.reserve(file.entries().size());
   for (const RegistryEntry& entry : file.entries()) {
-    tools.push_back({ToolSpec(entry.tool), Handler{entry.signature, {}}});
+    tools.push_back({ToolSpec(entry.tool), entry.handler});
   }
   return tools;
 }

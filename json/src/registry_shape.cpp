@@ -9,7 +9,6 @@
 #include <utility>
 
 #include "field_readers.hpp"
-#include "place.hpp"
 
 namespace tool_binding::json {
 
@@ -36,8 +35,8 @@ void nowhere(ShapeFaults& faults, const Node& node, const std::string& place, Re
 }
 
 void into_signature(ShapeFaults& faults, const Node& node, const std::string& place, RegistryEntry& entry) {
-  entry.signature = {};
-  read_field(faults, node, place, entry.signature);
+  entry.handler.signature = {};
+  read_field(faults, node, place, entry.handler.signature);
 }
 
 }  // namespace
@@ -126,12 +125,12 @@ void find_repeated(ShapeFaults& faults, const Node& node, const std::string& pla
 }  // namespace
 
 void read_field(ShapeFaults& faults, const Node& node, const std::string& place, RegistryEntry& entry) {
-  entry.signature.parameters = {{"keywords", Parameter::Kind::VAR_KEYWORD}};
+  entry.handler.signature.parameters = {{"keywords", Parameter::Kind::VAR_KEYWORD}};
   const std::size_t found_before = faults.all().size();
   read_members(faults, node, place, entry);
-  const std::span<const Fault> found = faults.all().subspan(found_before);
+  const std::span<const Finding> found = faults.all().subspan(found_before);
   const std::string actions = member_place(place, "actions");
-  if (std::any_of(found.begin(), found.end(), [&](const Fault& f) { return stands_within(f.place, actions); })) {
+  if (std::any_of(found.begin(), found.end(), [&](const Finding& f) { return stands_within(f.place, actions); })) {
     forget_references(entry.tool);
   }
 }

@@ -122,7 +122,7 @@ TEST(RegistryFile, RefusesFaultsOfShape) {
       {"no object", "[]", "line 1: the file: must be an object, not a list"},
       {"unknown key, near", R"({"tolls": []})", "line 1: tolls: is no known key; did you mean 'tools'?"},
       {"unknown key, far", param_with(R"("colour": 1)"), "line 1: tools[0].params[0].colour: is no known key"},
-      {"unknown key, odd", R"({"a.\n": 1})", R"(line 1: ["a.\n"]: is no known key)"},
+      {"unknown key, odd", R"({"a.\n": 1})", R"(line 1: ['a.\n']: is no known key)"},
       {"missing", R"({"tools": [{}]})", "line 1: tools[0].name: is missing"},
       {"null for a needed key", R"({"tools": [{"name": "t", "params": [{"name": null}]}]})",
        "line 1: tools[0].params[0].name: is missing\nline 1: tools[0].params[0].type: is missing"},
@@ -137,7 +137,8 @@ TEST(RegistryFile, RefusesFaultsOfShape) {
        "line 1: tools[0].params[0].items_type: must be a text, not a floating number"},
       {"free text of the wrong kind", R"({"description": {}})", "line 1: description: must be a text, not an object"},
       {"handler", tool_with(R"("handler": {"parameters": [{"name": "a", "kind": "named"}, {"kind": true}]})"),
-       "line 1: tools[0].handler.parameters[0].kind: must be NAMED, VAR_POSITIONAL or VAR_KEYWORD, not 'named'\n"
+       "line 1: tools[0].handler.parameters[0].kind: must be NAMED, VAR_POSITIONAL or VAR_KEYWORD, not 'named'; did "
+       "you mean 'NAMED'?\n"
        "line 1: tools[0].handler.parameters[1].kind: must be a text, not a boolean\n"
        "line 1: tools[0].handler.parameters[1].name: is missing"},
       {"repeated keys", "{\"tools\": [{\"name\": \"t\",\n \"name\": 5}],\n \"tools\": []}",
@@ -156,9 +157,11 @@ TEST(RegistryFile, RefusesFaultsOfShape) {
 TEST(RegistryFile, RefusesWhatTheRegistryCannotUse) {
   expect_refusals({
       {"type words", param_with(R"("items_type": "text")") + "",
-       "line 1: tools[0].params[0].items_type: must be integer, number, boolean, string or array, not 'text'"},
+       "line 1: tools[0].params[0].items_type: must be integer, number, boolean, string or array, not 'text'; did you "
+       "mean 'string'?"},
       {"type words", tool_with(R"("params": [{"name": "p", "type": "Integer"}])"),
-       "line 1: tools[0].params[0].type: must be integer, number, boolean, string or array, not 'Integer'"},
+       "line 1: tools[0].params[0].type: must be integer, number, boolean, string or array, not 'Integer'; did you "
+       "mean 'integer'?"},
       {"names twice", R"({"tools": [{"name": "t"}, {"name": "T"}, {"name": "t"}]})",
        "line 1: tools[2].name: 't' is declared already at tools[0].name"},
       {"names twice in a tool", tool_with(R"("params": [{"name": "p", "type": "array"}, {"name": "p", "type": "array"}],
@@ -190,7 +193,7 @@ TEST(RegistryFile, RefusesWhatTheRegistryCannotUse) {
       {"undeclared actions", actions_with(R"("default_action": "lst", "params": [{"name": "p", "type": "array",
                        "required_for": ["list", "ls"], "action_defaults": {"read": 1, "write": 2}}])"),
        "line 1: tools[0].default_action: 'lst' is no declared action; did you mean 'list'?\n"
-       "line 2: tools[0].params[0].required_for[1]: 'ls' is no declared action\n"
+       "line 2: tools[0].params[0].required_for[1]: 'ls' is no declared action; did you mean 'list'?\n"
        "line 2: tools[0].params[0].action_defaults.write: 'write' is no declared action"},
       {"bounds", param_with(R"("minimum": "1", "maximum": [2])"),
        "line 1: tools[0].params[0].minimum: must be a number, not '1'\n"
@@ -199,7 +202,8 @@ TEST(RegistryFile, RefusesWhatTheRegistryCannotUse) {
        "line 1: tools[0].params[0].required: must be true or false, not an integer\n"
        "line 1: tools[0].params[0].required_for[0]: 'x' is no declared action"},
       {"shape and content at once", tool_with("\"params\": [{\"name\": \"p\", \"type\": \"text\",\n\"required\": 0}]"),
-       "line 1: tools[0].params[0].type: must be integer, number, boolean, string or array, not 'text'\n"
+       "line 1: tools[0].params[0].type: must be integer, number, boolean, string or array, not 'text'; did you mean "
+       "'string'?\n"
        "line 2: tools[0].params[0].required: must be true or false, not an integer"},
   });
 }
@@ -215,7 +219,7 @@ TEST(RegistryFile, HandsOutItsFaults) {
   const RegistryFile file(
       "{\n\"tools\": [{\"name\": \"\",\n\"params\": [{\n\"name\": \"p\",\n\"type\": \"array\"}]}]}");
   const std::vector<Fault> faults(file.faults().begin(), file.faults().end());
-  EXPECT_EQ(faults, (std::vector<Fault>{{"tools[0].name", "a name must not be empty", 2}}));
+  EXPECT_EQ(faults, (std::vector<Fault>{{Finding::Kind::empty_name, "tools[0].name", "a name must not be empty", 2}}));
   EXPECT_EQ(file.entries()[0].tool.params[0].name, "p");
   EXPECT_EQ(file.line_of("tools[0].params[0].type"), 5U);
   EXPECT_EQ(file.line_of("tools[0].params[0].maximum"), 3U);

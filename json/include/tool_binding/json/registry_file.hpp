@@ -9,7 +9,7 @@
 
 #include "tool_binding/errors.hpp"
 #include "tool_binding/handler.hpp"
-#include "tool_binding/json/registry_faults.hpp"
+#include "tool_binding/registry_check.hpp"
 #include "tool_binding/tool_registry.hpp"
 
 #pragma GCC visibility push(default)
@@ -17,19 +17,10 @@
 /// A registry written as a JSON file: an object with a list "tools", one object a tool.
 namespace tool_binding::json {
 
-/// A registry file that cannot be used. Its message has a line for each fault:
-/// "line 12: tools[3].params[0].type: " and what is wrong there.
-class RegistryError : public ValueError {
- public:
-  /// Precondition: `faults` is not empty.
-  explicit RegistryError(std::vector<Fault> faults);
-
-  /// Every fault of the file, in the order of their lines. Lives as long as any copy of this error.
-  [[nodiscard]] std::span<const Fault> faults() const noexcept { return *faults_; }
-
- private:
-  std::shared_ptr<const std::vector<Fault>> faults_;
-};
+/// What a file is refused with: its faults, in the order of their lines.
+using tool_binding::RegistryError;
+/// A finding that makes the file unusable: a fault of shape, or an error of the registry's check.
+using Fault = Finding;
 
 /// What a registry file declares, usable or not, for those who judge it further.
 class RegistryFile {
@@ -42,6 +33,9 @@ class RegistryFile {
 
   /// What makes the file unusable, in the order of the lines.
   [[nodiscard]] std::span<const Fault> faults() const noexcept;
+
+  /// The faults and the warnings, in the order of the lines. Where a shape is wrong nothing is doubted as well.
+  [[nodiscard]] std::vector<Finding> check() const;
 
   /// The line of a place, counted from 1; that of the innermost object or list around it where the place itself is not
   /// in the file.

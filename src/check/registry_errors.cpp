@@ -1,27 +1,32 @@
 // SPDX-License-Identifier: MIT
-#include "tool_binding/json/registry_faults.hpp"
-
 #include <algorithm>
-#include <array>
 #include <map>
-#include <string_view>
 #include <utility>
 
-#include "nearest_word.hpp"
-#include "place.hpp"
+#include "admission/near_names.hpp"
+#include "check/findings.hpp"
+#include "registry/prepared_tool.hpp"
 
-namespace tool_binding::json {
+namespace tool_binding {
 
 namespace {
 
-constexpr std::array<std::string_view, 5> type_words{"integer", "number", "boolean", "string", "array"};
+using Found = Finding::Kind;
 
 /// Names by the place at which each is declared first.
 using Places = std::map<Text, std::string>;
 
-std::string quoted(const Text& name) { return quoted_form(Value(name)); }
+const std::vector<Text> type_words = {"integer", "number", "boolean", "string", "array"};
 
 bool is_bound(const Value& value) noexcept { return value.is_null() || value.is_integer() || value.is_floating(); }
+
+std::string did_you_mean(std::string_view word) { return "; did you mean '" + std::string(word) + "'?"; }
+
+std::string did_you_mean_one_of(const std::vector<Text>& names, const Text& given) {
+  const detail::NearCandidates candidates(names);
+  const Text* const near = _nearest(given, candidates);
+  return near == nullptr ? "" : did_you_mean(*near);
+}
 
 /// Judges one thing after another and collects the faults.
 class Judging {
@@ -33,11 +38,11 @@ class Judging {
       declare(tools, entries[index].tool.name, member_place(place, "name"));
       judge_actions(entries[index].tool, place);
       judge_params(entries[index].tool, place);
-      judge_handler(entries[index].signature, member_place(place, "handler"));
+      judge_handler(entries[index].handler.signature, member_place(place, "handler"));
     }
   }
 
-  [[nodiscard]] std::vector<Fault> take_faults() { return std::move(faults_); }
+  [[nodiscard]] std::vector<Finding> take() { return findings_.take(); }
 
  private:
   void judge_actions(const ToolDeclaration& tool, const std::string& place);
@@ -54,35 +59,35 @@ class Judging {
     }
     const auto [first, is_new] = names.emplace(name, place);
     if (!is_new) {
-      add(std::move(place), quoted(name) + " is declared already at " + first->second);
+      findings_.add(Found::repeated_name, std::move(place), {quoted(name), first->second});
     }
   }
 
   bool require_name(const Text& name, const std::string& place) {
     if (name.empty()) {
-      add(place, "a name must not be empty");
+      findings_.add(Found::empty_name, place);
     }
     return !name.empty();
   }
 
   void require_action(const ToolDeclaration& tool, const Text& name, std::string place) {
-    std::vector<std::string_view> declared(tool.actions.size());
+    std::vector<Text> declared(tool.actions.size());
     std::transform(tool.actions.begin(), tool.actions.end(), declared.begin(),
-                   [](const ActionSpec& action) { return action.name.view(); });
-    if (std::find(declared.begin(), declared.end(), name.view()) == declared.end()) {
-      add(std::move(place), quoted(name) + " is no declared action" + did_you_mean(name, declared));
+                   [](const ActionSpec& action) { return action.name; });
+    if (std::find(declared.begin(), declared.end(), name) == declared.end()) {
+      findings_.add(Found::undeclared_action, std::move(place), {quoted(name), did_you_mean_one_of(declared, name)});
     }
   }
 
   void require_type(const Text& word, std::string place) {
-    if (std::find(type_words.begin(), type_words.end(), word.view()) == type_words.end()) {
-      add(std::move(place), "must be integer, number, boolean, string or array, not " + quoted(word));
+    if (detail::type_word(word) == detail::TypeWord::unknown) {
+      const auto meant = type_word_of(word);
+      findings_.add(Found::type_word, std::move(place),
+                    {quoted(word), meant ? did_you_mean(*meant) : did_you_mean_one_of(type_words, word)});
     }
   }
 
-  void add(std::string place, std::string words) { faults_.push_back({std::move(place), std::move(words)}); }
-
-  std::vector<Fault> faults_;
+  Findings findings_;
 };
 
 void Judging::judge_actions(const ToolDeclaration& tool, const std::string& place) {
@@ -125,10 +130,10 @@ void Judging::judge_synonyms(const std::vector<Text>& of_one, const std::string&
       continue;
     }
     if (const auto name = names.find(synonym); name != names.end()) {
-      add(std::move(synonym_place), quoted(synonym) + " is declared as a name at " + name->second);
+      findings_.add(Found::synonym_of_name, std::move(synonym_place), {quoted(synonym), name->second});
     } else if (const auto [first, is_new] = synonyms.emplace(synonym, synonym_place);
                !is_new && !stands_within(first->second, place)) {
-      add(std::move(synonym_place), quoted(synonym) + " is a synonym already at " + first->second);
+      findings_.add(Found::repeated_synonym, std::move(synonym_place), {quoted(synonym), first->second});
     }
   }
 }
@@ -140,7 +145,7 @@ void Judging::judge_param(const ParamSpec& param, const std::string& place) {
   }
   for (const auto& [name, bound] : {std::pair("minimum", &param.minimum), std::pair("maximum", &param.maximum)}) {
     if (!is_bound(*bound)) {
-      add(member_place(place, name), "must be a number, not " + quoted_form(*bound));
+      findings_.add(Found::bound, member_place(place, name), {quoted_form(*bound)});
     }
   }
 }
@@ -164,10 +169,10 @@ void Judging::judge_handler(const Signature& signature, const std::string& place
 
 }  // namespace
 
-std::vector<Fault> registry_faults(std::span<const RegistryEntry> entries) {
+std::vector<Finding> registry_errors(std::span<const RegistryEntry> entries) {
   Judging judging;
   judging.judge(entries);
-  return judging.take_faults();
+  return judging.take();
 }
 
-}  // namespace tool_binding::json
+}  // namespace tool_binding

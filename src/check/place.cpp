@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "place.hpp"
-
 #include <algorithm>
 
-#include "tool_binding/json/writer.hpp"
+#include "tool_binding/registry_check.hpp"
 
-namespace tool_binding::json {
+namespace tool_binding {
 
 namespace {
 
@@ -23,7 +21,7 @@ bool is_word(std::string_view name) noexcept {
 std::string member_place(std::string_view parent, std::string_view name) {
   std::string place(parent);
   if (!is_word(name)) {
-    return place.append("[").append(write(name)).append("]");
+    return place.append("[").append(quoted_form(Value(name))).append("]");
   }
   return place.append(parent.empty() ? "" : ".").append(name);
 }
@@ -37,4 +35,4 @@ bool stands_within(std::string_view inner, std::string_view outer) noexcept {
          (inner.starts_with(outer) && (inner[outer.size()] == '.' || inner[outer.size()] == '['));
 }
 
-}  // namespace tool_binding::json
+}  // namespace tool_binding

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tool_binding/errors.hpp"
+#include "tool_binding/handler.hpp"
+#include "tool_binding/tool_registry.hpp"
+
+#pragma GCC visibility push(default)
+
+/// What is wrong or doubtful in a list of tool declarations, wherever they come from.
+///
+/// A daemon asks once, at start-up; no request waits for any of this. Errors make a declaration unusable. Warnings name
+/// what works and probably not as it was meant.
+namespace tool_binding {
+
+/// One entry of a registry: a tool, and the handler that answers it. The check reads the handler's signature only.
+struct RegistryEntry {
+  ToolDeclaration tool;
+  Handler handler = {};
+};
+
+/// One thing that is wrong or doubtful.
+struct Finding {
+  enum class Kind : std::uint8_t {
+    // errors
+    shape,              ///< what was read is no declaration; found by readers of files only
+    empty_name,         ///< of a tool, an action, a parameter or a synonym
+    repeated_name,      ///< declared twice
+    synonym_of_name,    ///< a synonym that is also a declared name
+    repeated_synonym,   ///< a synonym that is another's already
+    type_word,          ///< none of the five
+    bound,              ///< no number
+    undeclared_action,  ///< a reference to an action that is not declared
+    // warnings
+    crossed_bounds,        ///< a minimum above the maximum
+    idle_bound,            ///< a bound that never acts
+    refused_default,       ///< a default that its own parameter would refuse
+    changed_default,       ///< a default that its own parameter would change
+    unmatched_value,       ///< an enumeration value that no argument can name
+    shadowed_value,        ///< an enumeration value that is read as an earlier one
+    kept_name,             ///< a parameter whose argument admission keeps for itself
+    unmatched_synonym,     ///< a synonym that names no action
+    shadowed_synonym,      ///< a synonym that is read as another action
+    keyword_without_taker  ///< a bound name that the handler does not declare
+  };
+
+  Kind kind;
+  std::string place;     ///< where it stands, as "tools[3].params[0].type"
+  std::string words;     ///< what is wrong there
+  std::size_t line = 0;  ///< the line of the file, counted from 1; 0 when it is not known
+
+  friend bool operator==(const Finding&, const Finding&) = default;
+};
+
+/// Whether such a finding makes the registry unusable.
+[[nodiscard]] bool is_error(Finding::Kind kind) noexcept;
+
+/// What makes these entries unusable. Names of parameters and actions are compared as they stand. Of two that clash,
+/// the later one is the fault.
+[[nodiscard]] std::vector<Finding> registry_errors(std::span<const RegistryEntry> entries);
+
+/// What is doubtful in these entries. What `registry_errors` names is not named again.
+[[nodiscard]] std::vector<Finding> registry_warnings(std::span<const RegistryEntry> entries);
+
+/// The errors, then the warnings.
+[[nodiscard]] std::vector<Finding> check_registry(std::span<const RegistryEntry> entries);
+
+/// A registry that cannot be used. Its message has a line for each fault:
+/// "line 12: tools[3].params[0].type: " and what is wrong there; the line only where it is known.
+class RegistryError : public ValueError {
+ public:
+  /// Precondition: `faults` is not empty.
+  explicit RegistryError(std::vector<Finding> faults);
+
+  /// Every fault. Lives as long as any copy of this error.
+  [[nodiscard]] std::span<const Finding> faults() const noexcept { return *faults_; }
+
+ private:
+  std::shared_ptr<const std::vector<Finding>> faults_;
+};
+
+/// The handlers by the names of their tools.
+using Handlers = OrderedMap<Handler>;
+
+/// Checks the entries, adds their tools to `TOOLS` and returns their handlers. Throws RegistryError with every error,
+/// a name that `TOOLS` holds already included, and then has added none. Warnings are for `registry_warnings` to say.
+[[nodiscard]] Handlers declare_tools(std::vector<RegistryEntry> entries);
+
+/// The type word that `spelling` stands for in other languages and libraries ("float" is "number"), no value for one
+/// that stands for none of the five. Case is ignored.
+[[nodiscard]] std::optional<std::string_view> type_word_of(std::string_view spelling);
+
+/// Places in a registry, as findings name them, for readers of files that find faults of their own. A member of the
+/// thing at `parent` is "tools[3].name", or "tools[3]['odd name']" where the short form would be unclear; an item of a
+/// list is "tools[3]". The registry itself is the empty place.
+[[nodiscard]] std::string member_place(std::string_view parent, std::string_view name);
+[[nodiscard]] std::string item_place(std::string_view parent, std::size_t index);
+
+/// Whether `inner` is `outer` or stands within it.
+[[nodiscard]] bool stands_within(std::string_view inner, std::string_view outer) noexcept;
+
+}  // namespace tool_binding
+
+#pragma GCC visibility pop

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "tool_binding/registry_check.hpp"
+
+namespace tool_binding {
+
+/// Findings as they are made, in words that stand in one table.
+class Findings {
+ public:
+  /// Adds a finding whose words are those of its kind, with `pieces` in their places.
+  void add(Finding::Kind kind, std::string place, std::initializer_list<std::string_view> pieces = {});
+
+  [[nodiscard]] std::vector<Finding> take() { return std::move(all_); }
+
+ private:
+  std::vector<Finding> all_;
+};
+
+/// A name or a text as findings show it.
+[[nodiscard]] inline std::string quoted(const Text& text) { return quoted_form(Value(text)); }
+
+}  // namespace tool_binding

@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+#include <stdexcept>
+#include <utility>
+
+#include "check/findings.hpp"
+#include "registry/prepared_tool.hpp"
+#include "tool_binding/tool_binding.hpp"
+
+namespace tool_binding {
+
+namespace {
+
+using Found = Finding::Kind;
+
+constexpr std::array<std::string_view, 3> kept_names = {ACTION_PARAM, REPO_ROOT_ARGUMENT, "repo"};
+
+bool is_kept(const Text& name) noexcept {
+  return std::find(kept_names.begin(), kept_names.end(), name.view()) != kept_names.end();
+}
+
+bool is_number(const Value& value) noexcept { return value.is_integer() || value.is_floating(); }
+
+bool is_nan(const Value& value) { return value.is_floating() && std::isnan(value.floating()); }
+
+/// Order of two numbers by their exact values.
+std::partial_ordering compare_numbers(const Value& left, const Value& right) {
+  if (left.is_integer()) {
+    return right.is_integer() ? left.integer() <=> right.integer() : left.integer().compare(right.floating());
+  }
+  return right.is_integer() ? 0 <=> right.integer().compare(left.floating()) : left.floating() <=> right.floating();
+}
+
+/// What admission makes of one argument of one parameter.
+struct Admitted {
+  std::optional<Value> value;  ///< none for an argument that was refused or left out
+  std::string refusal;         ///< empty for one that was left out
+};
+
+/// Asks admission itself about the values of one parameter, apart from all others.
+class ParameterAlone {
+ public:
+  ParameterAlone(const ToolDeclaration& tool, const ParamSpec& param)
+      : name_(param.name), tool_({.name = tool.name, .params = {without_requirements(param)}}) {}
+
+  [[nodiscard]] Admitted admit(const Value& value) const {
+    try {
+      const NormalizedArguments admitted = normalize_arguments(tool_, {{name_, value}});
+      const Value* const found = admitted.arguments().find(name_);
+      return {found == nullptr ? std::nullopt : std::optional(*found), ""};
+    } catch (const ArgumentError& refusal) {
+      return {std::nullopt, std::string(refusal.message())};
+    } catch (const std::overflow_error& refusal) {
+      return {std::nullopt, refusal.what()};
+    }
+  }
+
+ private:
+  static ParamSpec without_requirements(ParamSpec param) {
+    param.synonyms.clear();
+    param.required = false;
+    param.required_for.clear();
+    return param;
+  }
+
+  Text name_;
+  ToolSpec tool_;
+};
+
+/// Judges one thing after another and collects the warnings.
+class Doubting {
+ public:
+  void judge(std::span<const RegistryEntry> entries) {
+    for (std::size_t index = 0; index < entries.size(); ++index) {
+      const std::string place = item_place("tools", index);
+      judge_actions(entries[index].tool, member_place(place, "actions"));
+      for (std::size_t param = 0; param < entries[index].tool.params.size(); ++param) {
+        judge_param(entries[index].tool, entries[index].tool.params[param],
+                    item_place(member_place(place, "params"), param));
+      }
+      judge_handler(entries[index], member_place(place, "handler"));
+    }
+  }
+
+  [[nodiscard]] std::vector<Finding> take() { return findings_.take(); }
+
+ private:
+  void judge_actions(const ToolDeclaration& tool, const std::string& place);
+  void judge_param(const ToolDeclaration& tool, const ParamSpec& param, const std::string& place);
+  void judge_names(const ParamSpec& param, const std::string& place);
+  void judge_bounds(const ParamSpec& param, const std::string& place);
+  void judge_values(const ParameterAlone& alone, const ParamSpec& param, const std::string& place);
+  void judge_default(const ParameterAlone& alone, const Value& value, std::string place);
+  void judge_handler(const RegistryEntry& entry, const std::string& place);
+
+  Findings findings_;
+};
+
+/// A declared name is read as itself, and so is a synonym unless an earlier action takes it.
+void Doubting::judge_actions(const ToolDeclaration& tool, const std::string& place) {
+  const ToolSpec spec(tool);
+  for (std::size_t index = 0; index < tool.actions.size(); ++index) {
+    const ActionSpec& action = tool.actions[index];
+    for (std::size_t synonym = 0; synonym < action.synonyms.size(); ++synonym) {
+      const Text& name = action.synonyms[synonym];
+      const ActionSpec* const read = spec.action(Value(name));
+      const auto clashes = [&](const ActionSpec& other) {
+        return &other != &action &&
+               (other.name == name || std::count(other.synonyms.begin(), other.synonyms.end(), name) != 0);
+      };
+      std::string synonym_place = item_place(member_place(item_place(place, index), "synonyms"), synonym);
+      if (read == nullptr) {
+        findings_.add(Found::unmatched_synonym, std::move(synonym_place), {quoted(name)});
+      } else if (read->name != action.name && std::none_of(tool.actions.begin(), tool.actions.end(), clashes)) {
+        findings_.add(Found::shadowed_synonym, std::move(synonym_place), {quoted(name), quoted(read->name)});
+      }
+    }
+  }
+}
+
+void Doubting::judge_param(const ToolDeclaration& tool, const ParamSpec& param, const std::string& place) {
+  judge_names(param, place);
+  judge_bounds(param, place);
+  const bool has_bounds =
+      (param.minimum.is_null() || is_number(param.minimum)) && (param.maximum.is_null() || is_number(param.maximum));
+  if (is_kept(param.name) || !has_bounds || detail::type_word(param.type) == detail::TypeWord::unknown) {
+    return;  // admission would not judge it as it was meant
+  }
+  const ParameterAlone alone(tool, param);
+  judge_values(alone, param, member_place(place, "enum"));
+  judge_default(alone, param.default_, member_place(place, "default"));
+  for (const auto& [action, value] : param.action_defaults) {
+    judge_default(alone, value, member_place(member_place(place, "action_defaults"), action));
+  }
+}
+
+void Doubting::judge_names(const ParamSpec& param, const std::string& place) {
+  if (is_kept(param.name)) {
+    findings_.add(Found::kept_name, member_place(place, "name"), {quoted(param.name)});
+  }
+  for (std::size_t index = 0; index < param.synonyms.size(); ++index) {
+    if (is_kept(param.synonyms[index])) {
+      findings_.add(Found::kept_name, item_place(member_place(place, "synonyms"), index),
+                    {quoted(param.synonyms[index])});
+    }
+  }
+}
+
+void Doubting::judge_bounds(const ParamSpec& param, const std::string& place) {
+  for (const auto& [name, bound] : {std::pair("minimum", &param.minimum), std::pair("maximum", &param.maximum)}) {
+    if (is_nan(*bound)) {
+      findings_.add(Found::idle_bound, member_place(place, name), {quoted_form(*bound), "every number is within it"});
+    } else if (!param.enum_.empty() && is_number(*bound)) {
+      findings_.add(Found::idle_bound, member_place(place, name),
+                    {quoted_form(*bound), "the enumeration says what is allowed"});
+    }
+  }
+  if (param.enum_.empty() && is_number(param.minimum) && is_number(param.maximum) &&
+      compare_numbers(param.minimum, param.maximum) > 0) {
+    findings_.add(Found::crossed_bounds, member_place(place, "minimum"),
+                  {quoted_form(param.minimum), quoted_form(param.maximum)});
+  }
+}
+
+/// Each value is sent as the text that it is: whatever else a request sends must say the same.
+void Doubting::judge_values(const ParameterAlone& alone, const ParamSpec& param, const std::string& place) {
+  const bool is_array = param.type == "array";
+  for (std::size_t index = 0; index < param.enum_.size(); ++index) {
+    const Text& value = param.enum_[index];
+    const Admitted admitted = alone.admit(is_array ? Value(std::vector<Value>{value}) : Value(value));
+    if (!admitted.value) {
+      findings_.add(Found::unmatched_value, item_place(place, index),
+                    {quoted(value), admitted.refusal.empty() ? "left out, as blank text is" : "refused"});
+      continue;
+    }
+    const Value& read = is_array ? admitted.value->list().front() : *admitted.value;
+    const auto earlier = param.enum_.begin() + static_cast<std::ptrdiff_t>(index);
+    if (read != Value(value) || std::find(param.enum_.begin(), earlier, value) != earlier) {
+      findings_.add(Found::shadowed_value, item_place(place, index), {quoted(value), quoted_form(read)});
+    }
+  }
+}
+
+/// Values are compared as they are shown: two that are no number are alike, 1 and 1.0 are not.
+void Doubting::judge_default(const ParameterAlone& alone, const Value& value, std::string place) {
+  if (value.is_null()) {
+    return;
+  }
+  const Admitted admitted = alone.admit(value);
+  const std::string shown = quoted_form(value);
+  if (!admitted.refusal.empty()) {
+    findings_.add(Found::refused_default, std::move(place), {shown, admitted.refusal});
+  } else if (const std::string became = quoted_form(admitted.value.value_or(Value())); became != shown) {
+    findings_.add(Found::changed_default, std::move(place), {shown, became});
+  }
+}
+
+void Doubting::judge_handler(const RegistryEntry& entry, const std::string& place) {
+  const std::vector<Parameter>& declared = entry.handler.signature.parameters;
+  const auto takes = [&](const Text& name) {
+    return std::any_of(declared.begin(), declared.end(), [&](const Parameter& parameter) {
+      return parameter.kind == Parameter::Kind::VAR_KEYWORD ||
+             (parameter.kind == Parameter::Kind::NAMED && parameter.name == name);
+    });
+  };
+  for (const auto& [name, value] : ToolSpec(entry.tool).prepared().bound_defaults) {
+    if (!takes(name)) {
+      findings_.add(Found::keyword_without_taker, place, {quoted(name)});
+    }
+  }
+}
+
+}  // namespace
+
+std::vector<Finding> registry_warnings(std::span<const RegistryEntry> entries) {
+  Doubting doubting;
+  doubting.judge(entries);
+  return doubting.take();
+}
+
+}  // namespace tool_binding
