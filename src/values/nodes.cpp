@@ -53,7 +53,7 @@ struct NodeAccess {
     }
     auto* const node = static_cast<ContainerNode*>(cell.node());
     cell.forget_node();
-    if (node->count.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+    if (node->drop_reference()) {
       node->next_to_destroy = pending;
       pending = node;
     }

@@ -9,6 +9,10 @@
 #include <string_view>
 #include <utility>
 
+#if __has_include(<sys/single_threaded.h>)
+#include <sys/single_threaded.h>
+#endif
+
 #pragma GCC visibility push(default)
 
 /// The 16 bytes under `Text`, `Integer` and `Value`, and the shared nodes that larger contents stand in.
@@ -36,9 +40,38 @@ enum class Tag : std::uint8_t {
 
 inline constexpr std::size_t inline_text_size = 15;
 
+/// Whether the process certainly has no other thread, which could be counting references at the same time.
+[[nodiscard]] inline bool is_only_thread() noexcept {
+#if __has_include(<sys/single_threaded.h>)
+  return __libc_single_threaded != 0;
+#else
+  return false;
+#endif
+}
+
 /// The head of every node. The count is the number of cells that refer to the node.
 struct Node {
   std::atomic<std::size_t> count{1};
+
+  void add_reference() noexcept {
+    if (is_only_thread()) {
+      count.store(count.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
+    } else {
+      count.fetch_add(1, std::memory_order_relaxed);
+    }
+  }
+
+  /// Returns whether that was the last one.
+  [[nodiscard]] bool drop_reference() noexcept {
+    if (count.load(std::memory_order_acquire) == 1) {
+      return true;
+    }
+    if (is_only_thread()) {
+      count.store(count.load(std::memory_order_relaxed) - 1, std::memory_order_relaxed);
+      return false;
+    }
+    return count.fetch_sub(1, std::memory_order_acq_rel) == 1;
+  }
 };
 
 /// A long text, or the canonical decimal digits of an integer beyond 64 bits: the bytes and a zero follow the head.
@@ -119,7 +152,7 @@ class Cell {
 
   Cell(const Cell& other) noexcept : low_(other.low_), high_(other.high_) {
     if (holds_node()) {
-      node()->count.fetch_add(1, std::memory_order_relaxed);
+      node()->add_reference();
     }
   }
 
@@ -159,9 +192,7 @@ class Cell {
   [[nodiscard]] bool holds_text() const noexcept { return tag() <= Tag::empty_text || tag() == Tag::text_node; }
 
   /// Whether the 16 bytes are the same: equal content, for all but two nodes and two floating numbers.
-  [[nodiscard]] bool same_bytes(const Cell& other) const noexcept {
-    return ((low_ ^ other.low_) | (high_ ^ other.high_)) == 0;
-  }
+  [[nodiscard]] bool same_bytes(const Cell& other) const noexcept { return low_ == other.low_ && high_ == other.high_; }
 
   /// The two halves, as the tables of names hash them.
   [[nodiscard]] std::uint64_t low() const noexcept { return low_; }
@@ -188,7 +219,7 @@ class Cell {
 
   void release() noexcept {
     Node* const held = node();
-    if (held->count.load(std::memory_order_acquire) == 1 || held->count.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+    if (held->drop_reference()) {
       destroy_node(held, tag());
     }
   }
@@ -199,9 +230,13 @@ class Cell {
 
 static_assert(sizeof(Cell) == 16);
 
-/// Equality of two cells that both hold a text, or both the digits of a wide integer.
+/// Equality of two cells that both hold a text, or both an integer. What stands in its cell equals nothing in a node;
+/// where one cell is compared with many, let it be the left one.
 [[nodiscard]] inline bool same_text(const Cell& left, const Cell& right) noexcept {
-  return left.same_bytes(right) || (left.holds_node() && right.holds_node() && left.text() == right.text());
+  if (!left.holds_node()) {
+    return left.same_bytes(right);
+  }
+  return right.holds_node() && (left.node() == right.node() || left.text() == right.text());
 }
 
 }  // namespace tool_binding::detail
