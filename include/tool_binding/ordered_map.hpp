@@ -5,6 +5,7 @@
 #include <atomic>
 #include <cstddef>
 #include <initializer_list>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <string_view>
@@ -17,6 +18,27 @@
 
 namespace tool_binding {
 
+/// One entry of an ordered map.
+template <class Mapped>
+struct MapEntry {
+  Text name;
+  Mapped value;
+
+  template <class Name, class Content>
+  MapEntry(Name&& given_name, Content&& given_value)
+      : name(std::forward<Name>(given_name)), value(std::forward<Content>(given_value)) {}
+
+  /// The entry of a map to other values, of which `Mapped` can be made.
+  template <class Other>
+  MapEntry(const MapEntry<Other>& other)
+      : name(other.name), value(other.value) {}  // NOLINT(google-explicit-constructor)
+  template <class Other>
+  MapEntry(MapEntry<Other>&& other)  // NOLINT(google-explicit-constructor)
+      : name(std::move(other.name)), value(std::move(other.value)) {}
+
+  friend bool operator==(const MapEntry&, const MapEntry&) = default;
+};
+
 /// An insertion-ordered map from name to `Mapped`, the map under `ArgumentMap` and `KeywordArguments`.
 ///
 /// Setting a name that is already held replaces the value and leaves the entry in its place; any other name is
@@ -26,16 +48,7 @@ namespace tool_binding {
 template <class Mapped>
 class OrderedMap {
  public:
-  struct Entry {
-    Text name;
-    Mapped value;
-
-    template <class Name, class Content>
-    Entry(Name&& given_name, Content&& given_value)
-        : name(std::forward<Name>(given_name)), value(std::forward<Content>(given_value)) {}
-
-    friend bool operator==(const Entry&, const Entry&) = default;
-  };
+  using Entry = MapEntry<Mapped>;
   using const_iterator = typename std::vector<Entry>::const_iterator;
 
   static constexpr std::size_t searched_in_a_row = 16;
@@ -47,6 +60,21 @@ class OrderedMap {
       set(entry.name, entry.value);
     }
   }
+
+  /// The entries of a map to other values, of which `Mapped` can be made, with room for `more` entries.
+  template <class Other>
+  OrderedMap(const OrderedMap<Other>& other, std::size_t more) {
+    reserve(other.size() + more);
+    entries_.insert(entries_.end(), other.begin(), other.end());
+  }
+  template <class Other>
+  OrderedMap(OrderedMap<Other>&& other, std::size_t more) {
+    reserve(other.size() + more);
+    entries_.insert(entries_.end(), std::make_move_iterator(other.entries_.begin()),
+                    std::make_move_iterator(other.entries_.end()));
+    other = {};
+  }
+
   OrderedMap(const OrderedMap& other) : entries_(other.entries_) {}
   OrderedMap(OrderedMap&& other) noexcept : entries_(std::move(other.entries_)), index_(other.release_index()) {}
   OrderedMap& operator=(OrderedMap other) noexcept {
@@ -82,6 +110,9 @@ class OrderedMap {
   /// Replaces the value of the entry at `place`. Precondition: `place` is below `size()`.
   void replace_at(std::size_t place, Mapped value) { entries_[place].value = std::move(value); }
 
+  /// Takes the value of the entry at `place` out; what is left there is what moving leaves. Precondition: as above.
+  [[nodiscard]] Mapped take_at(std::size_t place) { return std::move(entries_[place].value); }
+
   /// The value under `name`, null when there is none. The pointer lives until the map is changed.
   [[nodiscard]] const Mapped* find(const Text& name) const {
     const std::size_t place = place_of(name);
@@ -92,7 +123,7 @@ class OrderedMap {
   /// The place of the entry of that name, `size()` when there is none: found one by one in any map, for the few
   /// searches that do not pay for an index.
   [[nodiscard]] std::size_t place_in_a_row(const Text& name) const noexcept {
-    const auto found = std::find_if(begin(), end(), [&](const Entry& entry) { return entry.name == name; });
+    const auto found = std::find_if(begin(), end(), [&](const Entry& entry) { return name == entry.name; });
     return static_cast<std::size_t>(found - begin());
   }
 
@@ -108,6 +139,8 @@ class OrderedMap {
  private:
   using Index = std::map<Text, std::size_t>;
   friend struct detail::NodeAccess;
+  template <class Other>
+  friend class OrderedMap;
 
   [[nodiscard]] std::size_t place_of(const Text& name) const {
     if (entries_.size() <= searched_in_a_row) {

@@ -33,7 +33,8 @@ class NormalizedArguments {
 
   /// The arguments under their declared names and types, within their bounds, none of them null, in the order in which
   /// admission stored them; the action's declared name under `ACTION_PARAM` for a tool with actions.
-  [[nodiscard]] const ArgumentMap& arguments() const noexcept { return arguments_; }
+  [[nodiscard]] const ArgumentMap& arguments() const& noexcept { return arguments_; }
+  [[nodiscard]] ArgumentMap arguments() && noexcept { return std::move(arguments_); }
 
   /// A line for each change that the caller should know of, in the order of the request's arguments.
   [[nodiscard]] std::span<const std::string> notes() const noexcept { return notes_; }
@@ -61,17 +62,23 @@ class NormalizedArguments {
                                                            const ArgumentMap& arguments);
 
 /// Binds admitted arguments: the action first, for a tool with actions; then every declared parameter in the
-/// registry's order, with the request's value or its default; nothing else.
+/// registry's order, with the request's value or its default; nothing else. Arguments that are the caller's to give
+/// away are moved, which spares the counting of references.
 [[nodiscard]] ArgumentMap bind_arguments(std::string_view tool, const ArgumentMap& arguments);
+[[nodiscard]] ArgumentMap bind_arguments(std::string_view tool, ArgumentMap&& arguments);
 [[nodiscard]] ArgumentMap bind_arguments(const ToolSpec& tool, const ArgumentMap& arguments);
+[[nodiscard]] ArgumentMap bind_arguments(const ToolSpec& tool, ArgumentMap&& arguments);
 
 /// What a request that runs `action` and leaves the parameter `name` out gets. Throws LookupError for a name that the
 /// tool does not declare.
 [[nodiscard]] Value action_default(std::string_view tool, std::string_view name, std::string_view action);
 
 /// The keyword arguments for `handler`: every bound argument, then the items of `context` that the handler names, or
-/// all of them when it takes any keyword. An item replaces a bound argument of its name, in its place.
+/// all of them when it takes any keyword. An item replaces a bound argument of its name, in its place. Bound arguments
+/// that are the caller's to give away are moved.
 [[nodiscard]] KeywordArguments handler_kwargs(const Handler& handler, const ArgumentMap& bound,
+                                              const KeywordArguments& context);
+[[nodiscard]] KeywordArguments handler_kwargs(const Handler& handler, ArgumentMap&& bound,
                                               const KeywordArguments& context);
 
 }  // namespace tool_binding

@@ -3,7 +3,7 @@
 
 #include "admission/near_names.hpp"
 #include "admission/normalizing.hpp"
-#include "registry/effective_action.hpp"
+#include "text/white_space.hpp"
 #include "values/forms.hpp"
 #include "values/joined.hpp"
 
@@ -23,6 +23,9 @@ std::string _unknown_action(const ToolSpec& spec, const Value& action) {
 }  // namespace
 
 void Normalizing::_take_action(const Value& value) {
+  if (value.is_text() && text::is_blank(value.text())) {
+    return;
+  }
   const ActionSpec* const action = spec.action(value);
   if (action == nullptr) {
     _action_refused = true;
@@ -39,7 +42,7 @@ void Normalizing::_take_action(const Value& value) {
     append_plain_form(note.append("the action '"), value);
     note.append("' was read as '").append(action->name).append("'");
   }
-  _store(prepared.action_slot, ACTION_PARAM, action->name);
+  _store(prepared.action_slot, action->name);
 }
 
 /// The action that the request runs: the one it names, else the tool's default. Null when there is none, or when the
@@ -52,13 +55,13 @@ std::optional<Text> Normalizing::_action() {
   if (_action_refused) {
     return std::nullopt;
   }
-  if (const Value action = detail::effective_action(spec, {}); action.is_text()) {
+  if (const std::optional<Text>& action = spec.default_action()) {
     if (has_slot) {
-      _store(prepared.action_slot, ACTION_PARAM, Value(action));
+      _store(prepared.action_slot, *action);
     } else {
-      arguments.append(ACTION_PARAM, action);
+      arguments.append(ACTION_PARAM, *action);
     }
-    return action.shared_text();
+    return action;
   }
   if (!spec.actions().empty()) {
     std::string& problem = problems.add();

@@ -67,15 +67,14 @@ Value _array(const Value& value) {
 
 struct Coercion {
   TypeWord type;
-  Kind kind;  ///< of its result; a value of that kind needs no coercion
   Value (*coerce)(const Value&);
 };
 
-constexpr std::array<Coercion, 5> COERCIONS = {{{TypeWord::integer, Kind::integer, _integer},
-                                                {TypeWord::number, Kind::floating, _number},
-                                                {TypeWord::boolean, Kind::boolean, _boolean},
-                                                {TypeWord::string, Kind::text, _string},
-                                                {TypeWord::array, Kind::list, _array}}};
+constexpr std::array<Coercion, 5> COERCIONS = {{{TypeWord::integer, _integer},
+                                                {TypeWord::number, _number},
+                                                {TypeWord::boolean, _boolean},
+                                                {TypeWord::string, _string},
+                                                {TypeWord::array, _array}}};
 
 struct TypeWords {
   TypeWord type;
@@ -109,31 +108,32 @@ Value text_unless_text(const Value& item) { return item.is_text() ? Value() : Va
 
 }  // namespace
 
-Value Normalizing::_coerced(const Param& param, const Value& value) {
-  const Coercion& coercion = row_of(COERCIONS, param);
-  if (value.kind() == coercion.kind) {
+const Value* Normalizing::_coerced(const Param& param, const Value& value) {
+  if (value.kind() == param.kind) {
     return _within(param, value);
   }
-  if (const Value coerced = coercion.coerce(value); !coerced.is_null()) {
-    return _within(param, coerced);
+  changed = row_of(COERCIONS, param).coerce(value);
+  if (!changed.is_null()) {
+    return _within(param, changed);
   }
   std::string& problem = problems.add();
   problem.append("Parameter '").append(param.spec->name).append("' of ").append(spec.name()).append(" must be ");
   problem.append(row_of(TYPE_WORDS, param).words).append(", not ");
   append_quoted_form(problem, value);
-  return {};
+  return nullptr;
 }
 
 /// A value of the parameter's type, matched with its enumeration or brought within its bounds.
-Value Normalizing::_within(const Param& param, const Value& coerced) {
+const Value* Normalizing::_within(const Param& param, const Value& coerced) {
   if (param.type != TypeWord::array) {
     return param.lowered_enum.empty() ? _bounded(param, coerced) : _enum_value(param, coerced);
   }
+  const Value* list = &coerced;
   if (param.items_are_texts && !all_texts(coerced.list())) {
-    const Value texts = changed_items(coerced, text_unless_text);
-    return param.lowered_enum.empty() ? texts : _enum_values(param, texts);
+    changed = changed_items(coerced, text_unless_text);
+    list = &changed;
   }
-  return param.lowered_enum.empty() ? coerced : _enum_values(param, coerced);
+  return param.lowered_enum.empty() ? list : _enum_values(param, *list);
 }
 
 }  // namespace tool_binding

@@ -31,10 +31,7 @@ const Text* named_value(const detail::PreparedParam& param, const Value& value) 
 }
 
 /// Order by exact numeric value. Throws TypeError for a bound that is no number: a fault of the registry.
-std::partial_ordering compare_numbers(const Value& value, const Value& bound) {
-  if (const auto small = value.to_int64(), small_bound = bound.to_int64(); small && small_bound) {
-    return *small <=> *small_bound;
-  }
+std::partial_ordering compare_unlike(const Value& value, const Value& bound) {
   if (!bound.is_integer() && !bound.is_floating()) {
     throw TypeError("a bound is an integer or a floating number");
   }
@@ -42,6 +39,16 @@ std::partial_ordering compare_numbers(const Value& value, const Value& bound) {
     return bound.is_integer() ? value.integer() <=> bound.integer() : value.integer().compare(bound.floating());
   }
   return bound.is_integer() ? 0 <=> bound.integer().compare(value.floating()) : value.floating() <=> bound.floating();
+}
+
+std::partial_ordering compare_numbers(const Value& value, const Value& bound) {
+  if (const auto small = value.to_int64(), small_bound = bound.to_int64(); small && small_bound) {
+    return *small <=> *small_bound;
+  }
+  if (value.is_floating() && bound.is_floating()) {
+    return value.floating() <=> bound.floating();
+  }
+  return compare_unlike(value, bound);
 }
 
 Value as_integer(const Value& bound) {
@@ -52,9 +59,13 @@ Value as_floating(const Value& bound) { return bound.is_floating() ? bound : Val
 
 }  // namespace
 
-Value Normalizing::_enum_value(const Param& param, const Value& value) {
+const Value* Normalizing::_enum_value(const Param& param, const Value& value) {
   const Text* const declared = _named_value(param, value);
-  return declared == nullptr ? Value() : Value(*declared);
+  if (declared == nullptr || value.is(*declared)) {
+    return declared == nullptr ? nullptr : &value;
+  }
+  changed = *declared;
+  return &changed;
 }
 
 const Text* Normalizing::_named_value(const Param& param, const Value& value) {
@@ -70,28 +81,29 @@ const Text* Normalizing::_named_value(const Param& param, const Value& value) {
 }
 
 /// Every item is tried, so that each one that names no value has a problem of its own.
-Value Normalizing::_enum_values(const Param& param, const Value& list) {
+const Value* Normalizing::_enum_values(const Param& param, const Value& list) {
   bool all_named = true;
-  const Value declared = changed_items(list, [&](const Value& item) {
+  Value declared = changed_items(list, [&](const Value& item) {
     const Text* const named = _named_value(param, item);
     all_named = all_named && named != nullptr;
     return named == nullptr || item.is(*named) ? Value() : Value(*named);
   });
-  if (!all_named) {
-    return {};
+  if (!all_named || declared.is_null()) {
+    return all_named ? &list : nullptr;
   }
-  return declared.is_null() ? list : declared;
+  changed = std::move(declared);
+  return &changed;
 }
 
-Value Normalizing::_bounded(const Param& param, const Value& value) {
+const Value* Normalizing::_bounded(const Param& param, const Value& value) {
   if (!value.is_integer() && !value.is_floating()) {
-    return value;
+    return &value;
   }
   const auto& [minimum, maximum] = std::tie(param.minimum, param.maximum);
   const bool below = !minimum.is_null() && compare_numbers(value, minimum) < 0;
   const bool above = !below && !maximum.is_null() && compare_numbers(value, maximum) > 0;
   if (!below && !above) {
-    return value;
+    return &value;
   }
   const Value& bound = below ? minimum : maximum;
   Value replacement = param.type == detail::TypeWord::integer ? as_integer(bound) : as_floating(bound);
@@ -100,7 +112,8 @@ Value Normalizing::_bounded(const Param& param, const Value& value) {
   note.append(below ? " is below the minimum: " : " is above the maximum: ");
   append_quoted_form(note, replacement);
   note.append(" was used");
-  return replacement;
+  changed = std::move(replacement);
+  return &changed;
 }
 
 }  // namespace tool_binding

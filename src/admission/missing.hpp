@@ -7,13 +7,22 @@
 
 #include "admission/problems.hpp"
 #include "registry/prepared_tool.hpp"
+#include "text/white_space.hpp"
 #include "tool_binding/tool_registry.hpp"
 
 namespace tool_binding {
 
 /// Whether `value` says something: null never does, blank text only where the parameter's blank is a value, and so for
 /// an empty list. False, zero and an empty mapping do.
-[[nodiscard]] bool _given(const ParamSpec& param, const Value& value);
+[[nodiscard]] inline bool _given(const ParamSpec& param, const Value& value) {
+  if (param.blank_is_value) {
+    return !value.is_null();
+  }
+  if (value.is_text()) {
+    return !text::is_blank(value.text());
+  }
+  return !value.is_null() && !(value.is_list() && value.list().empty());
+}
 
 /// Words the problem of one missing parameter.
 void _append_missing(std::string& problem, const ToolSpec& spec, std::optional<std::string_view> action,

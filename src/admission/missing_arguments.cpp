@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "admission/missing.hpp"
-#include "text/white_space.hpp"
 #include "tool_binding/tool_binding.hpp"
 
 namespace tool_binding {
@@ -11,16 +10,6 @@ std::optional<std::string> missing_arguments(std::string_view tool, std::optiona
   Problems problems;
   _missing(TOOLS[tool], action, value_of, problems);
   return problems.empty() ? std::nullopt : std::optional<std::string>(problems.joined());
-}
-
-bool _given(const ParamSpec& param, const Value& value) {
-  if (param.blank_is_value) {
-    return !value.is_null();
-  }
-  if (value.is_text()) {
-    return !text::is_blank(value.text());
-  }
-  return !value.is_null() && !(value.is_list() && value.list().empty());
 }
 
 void _append_missing(std::string& problem, const ToolSpec& spec, std::optional<std::string_view> action,

@@ -1,24 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "admission/missing.hpp"
 #include "admission/normalizing.hpp"
+#include "registry/routing_params.hpp"
 #include "text/white_space.hpp"
 
 namespace tool_binding {
-
-namespace {
-
-/// Arguments that say where a request goes. They are never the tool's own.
-const std::array<Text, 2> ROUTING_PARAMS = {REPO_ROOT_ARGUMENT, "repo"};
-
-const Text action_param = ACTION_PARAM;
-
-bool is_routing_param(const Text& name) noexcept { return name == ROUTING_PARAMS[0] || name == ROUTING_PARAMS[1]; }
-
-}  // namespace
 
 NormalizedArguments normalize_arguments(std::string_view tool, const ArgumentMap& arguments) {
   return normalize_arguments(TOOLS[tool], arguments);
@@ -46,49 +35,55 @@ Normalizing::Normalizing(const ToolSpec& tool, std::size_t argument_count)
 }
 
 void Normalizing::take(const Text& name, const Value& value) {
-  if (value.is_null() || is_routing_param(name)) {
-    return;
-  }
-  if (name == action_param) {
-    if (!value.is_text() || !text::is_blank(value.text())) {
-      _take_action(value);
-    }
+  if (value.is_null()) {
     return;
   }
   const Param* const param = prepared.param(name);
-  if (param == nullptr) {
-    _append_unknown_parameter(problems.add(), name);
-    return;
-  }
-  if (value.is_text() && !_given(*param->spec, value)) {
-    return;
-  }
-  if (name == param->spec->name) {
-    slots[param->slot].named = true;
-  } else if (!_takes_synonym(name, *param)) {
-    return;
-  }
-  if (Value coerced = _coerced(*param, value); !coerced.is_null()) {
-    _store(param->slot, param->spec->name, std::move(coerced));
+  if (param != nullptr && name == param->spec->name && !param->is_reserved) {
+    _take_named(*param, value);
+  } else if (name == ACTION_PARAM) {
+    _take_action(value);
+  } else if (!is_routing_param(name)) {
+    param == nullptr ? _append_unknown_parameter(problems.add(), name) : _take_synonym(name, *param, value);
   }
 }
 
-/// Whether a synonym's value is taken: only while its parameter has none.
-bool Normalizing::_takes_synonym(const Text& name, const Param& param) {
+void Normalizing::_take_named(const Param& param, const Value& value) {
+  if (value.is_text() && !_given(*param.spec, value)) {
+    return;
+  }
+  slots[param.slot].named = true;
+  _take_value(param, value);
+}
+
+/// A synonym's value is taken only while its parameter has none.
+void Normalizing::_take_synonym(const Text& name, const Param& param, const Value& value) {
+  if (value.is_text() && !_given(*param.spec, value)) {
+    return;
+  }
   alias_hit = true;
   const bool given_too = slots[param.slot].named || slots[param.slot].stored();
   std::string& note = _add_note();
   note.append("'").append(name).append(given_too ? "' was left out: '" : "' was read as '");
   note.append(param.spec->name).append(given_too ? "' was given too" : "'");
-  return !given_too;
+  if (!given_too) {
+    _take_value(param, value);
+  }
 }
 
-void Normalizing::_store(std::uint32_t slot, const Text& name, Value&& value) {
+void Normalizing::_take_value(const Param& param, const Value& value) {
+  const bool as_it_is = param.takes_any && value.kind() == param.kind;
+  if (const Value* const taken = as_it_is ? &value : _coerced(param, value)) {
+    _store(param.slot, *taken);
+  }
+}
+
+void Normalizing::_store(std::uint32_t slot, const Value& value) {
   if (slots[slot].stored()) {
-    arguments.replace_at(slots[slot].place - 1, std::move(value));
+    arguments.replace_at(slots[slot].place - 1, value);
     return;
   }
-  arguments.append(name, std::move(value));
+  arguments.append(prepared.bound_defaults[slot].name, value);
   slots[slot].place = static_cast<std::uint32_t>(arguments.size());
 }
 

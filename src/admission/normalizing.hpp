@@ -37,8 +37,10 @@ class Normalizing {
   using Param = detail::PreparedParam;
 
   // normalize_arguments.cpp
-  [[nodiscard]] bool _takes_synonym(const Text& name, const Param& param);
-  void _store(std::uint32_t slot, const Text& name, Value&& value);
+  void _take_named(const Param& param, const Value& value);
+  void _take_synonym(const Text& name, const Param& param, const Value& value);
+  void _take_value(const Param& param, const Value& value);
+  void _store(std::uint32_t slot, const Value& value);
   [[nodiscard]] std::string& _add_note();
   void _check_required(const std::optional<Text>& action);
 
@@ -49,21 +51,23 @@ class Normalizing {
   // unknown_parameter.cpp
   void _append_unknown_parameter(std::string& problem, const Text& name) const;
 
-  // coercion.cpp: null for a value that cannot be read, the problem noted
-  [[nodiscard]] Value _coerced(const Param& param, const Value& value);
-  [[nodiscard]] Value _within(const Param& param, const Value& coerced);
+  // coercion.cpp: the value as the handler takes it: the one that is given, or `changed`; null for one that cannot be
+  // read, the problem noted
+  [[nodiscard]] const Value* _coerced(const Param& param, const Value& value);
+  [[nodiscard]] const Value* _within(const Param& param, const Value& coerced);
 
   // enumerations_and_bounds.cpp: the same
-  [[nodiscard]] Value _enum_value(const Param& param, const Value& value);
+  [[nodiscard]] const Value* _enum_value(const Param& param, const Value& value);
   [[nodiscard]] const Text* _named_value(const Param& param, const Value& value);
-  [[nodiscard]] Value _enum_values(const Param& param, const Value& list);
-  [[nodiscard]] Value _bounded(const Param& param, const Value& value);
+  [[nodiscard]] const Value* _enum_values(const Param& param, const Value& list);
+  [[nodiscard]] const Value* _bounded(const Param& param, const Value& value);
 
   const ToolSpec& spec;
   const detail::PreparedTool& prepared;
   ArgumentMap arguments;
   std::vector<std::string> notes;
   Problems problems;
+  Value changed;  ///< what an argument was changed to, until it is stored
   bool alias_hit = false;
   SlotStates slots;  ///< which declared names were given as such, and which stand in `arguments`
   bool _action_refused = false;

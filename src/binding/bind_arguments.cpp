@@ -1,28 +1,50 @@
 // SPDX-License-Identifier: MIT
+#include <utility>
+
 #include "registry/effective_action.hpp"
 #include "registry/prepared_tool.hpp"
 #include "tool_binding/tool_binding.hpp"
 
 namespace tool_binding {
 
-ArgumentMap bind_arguments(std::string_view tool, const ArgumentMap& arguments) {
-  return bind_arguments(TOOLS[tool], arguments);
-}
+namespace {
 
 /// The tool's defaults, overwritten by what the request gives: presence decides, a null that is given is bound.
-ArgumentMap bind_arguments(const ToolSpec& tool, const ArgumentMap& arguments) {
+/// `value_at(place)` gives a value of the arguments.
+template <class ValueAt>
+ArgumentMap _bound(const ToolSpec& tool, const ArgumentMap& arguments, const ValueAt& value_at) {
   const detail::PreparedTool& prepared = tool.prepared();
   ArgumentMap bound = prepared.bound_defaults;
-  for (const auto& [name, value] : arguments) {
-    if (const std::uint32_t slot = prepared.slots.find(name); slot != detail::NameIndex::absent) {
-      bound.replace_at(slot, value);
+  for (std::size_t place = 0; place < arguments.size(); ++place) {
+    if (const std::uint32_t slot = prepared.slots.find(arguments[place].name); slot != detail::NameIndex::absent) {
+      bound.replace_at(slot, value_at(place));
     }
   }
   if (prepared.binds_action) {
     const Value& named = bound[prepared.action_slot].value;
-    bound.replace_at(prepared.action_slot, detail::effective_action(tool, named));
+    if (!named.is_text() || prepared.actions.find(named.shared_text()) == detail::NameIndex::absent) {
+      bound.replace_at(prepared.action_slot, detail::effective_action(tool, named));
+    }
   }
   return bound;
+}
+
+}  // namespace
+
+ArgumentMap bind_arguments(std::string_view tool, const ArgumentMap& arguments) {
+  return bind_arguments(TOOLS[tool], arguments);
+}
+
+ArgumentMap bind_arguments(std::string_view tool, ArgumentMap&& arguments) {
+  return bind_arguments(TOOLS[tool], std::move(arguments));
+}
+
+ArgumentMap bind_arguments(const ToolSpec& tool, const ArgumentMap& arguments) {
+  return _bound(tool, arguments, [&](std::size_t place) { return arguments[place].value; });
+}
+
+ArgumentMap bind_arguments(const ToolSpec& tool, ArgumentMap&& arguments) {
+  return _bound(tool, arguments, [&](std::size_t place) { return arguments.take_at(place); });
 }
 
 }  // namespace tool_binding

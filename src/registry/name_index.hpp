@@ -54,7 +54,7 @@ inline std::size_t NameIndex::hash_of(const Cell& cell) noexcept {
 
 inline std::uint32_t NameIndex::find(const Text& name) const noexcept {
   for (std::size_t at = hash_of(cell_of(name)) & mask_;; at = (at + 1) & mask_) {
-    if (rows_[at].number == absent || rows_[at].name == name) {
+    if (name == rows_[at].name || rows_[at].number == absent) {
       return rows_[at].number;
     }
   }

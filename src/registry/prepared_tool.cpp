@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "registry/prepared_tool.hpp"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
+#include "registry/routing_params.hpp"
 #include "text/lower_case.hpp"
 #include "text/white_space.hpp"
 
@@ -14,13 +16,20 @@ namespace {
 struct TypeWordRow {
   std::string_view word;
   TypeWord type;
+  Kind kind;  ///< of the type's values
 };
 
-constexpr std::array<TypeWordRow, 5> type_words = {{{"integer", TypeWord::integer},
-                                                    {"number", TypeWord::number},
-                                                    {"boolean", TypeWord::boolean},
-                                                    {"string", TypeWord::string},
-                                                    {"array", TypeWord::array}}};
+constexpr std::array<TypeWordRow, 5> type_words = {{{"integer", TypeWord::integer, Kind::integer},
+                                                    {"number", TypeWord::number, Kind::floating},
+                                                    {"boolean", TypeWord::boolean, Kind::boolean},
+                                                    {"string", TypeWord::string, Kind::text},
+                                                    {"array", TypeWord::array, Kind::list}}};
+
+const TypeWordRow* row_of(std::string_view word) noexcept {
+  const auto row =
+      std::find_if(type_words.begin(), type_words.end(), [&](const TypeWordRow& each) { return each.word == word; });
+  return row == type_words.end() ? nullptr : &*row;
+}
 
 template <class Record>
 std::vector<Text> names_of(const std::vector<Record>& records) {
@@ -96,11 +105,15 @@ Value comparable(const Value& bound, TypeWord type) {
 }
 
 PreparedParam prepare(const ParamSpec& param, const NameIndex& slots) {
-  const TypeWord type = type_word(param.type);
+  const TypeWordRow* const row = row_of(param.type);
+  const TypeWord type = row == nullptr ? TypeWord::unknown : row->type;
   const bool items_are_texts = type == TypeWord::array && param.items_type == Text("string");
   PreparedParam prepared{&param,
                          type,
+                         row == nullptr ? Kind::null : row->kind,
                          items_are_texts,
+                         param.enum_.empty() && param.minimum.is_null() && param.maximum.is_null() && !items_are_texts,
+                         param.name == ACTION_PARAM || is_routing_param(param.name),
                          slots.find(param.name),
                          comparable(param.minimum, type),
                          comparable(param.maximum, type),
@@ -126,12 +139,8 @@ std::vector<Text> names_and_synonyms(const std::vector<ParamSpec>& params) {
 }  // namespace
 
 TypeWord type_word(std::string_view word) noexcept {
-  for (const TypeWordRow& row : type_words) {
-    if (row.word == word) {
-      return row.type;
-    }
-  }
-  return TypeWord::unknown;
+  const TypeWordRow* const row = row_of(word);
+  return row == nullptr ? TypeWord::unknown : row->type;
 }
 
 PreparedTool::PreparedTool(ToolDeclaration declaration)

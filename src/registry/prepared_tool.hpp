@@ -21,7 +21,10 @@ enum class TypeWord : std::uint8_t { integer, number, boolean, string, array, un
 struct PreparedParam {
   const ParamSpec* spec;
   TypeWord type;
+  Kind kind;             ///< of its values; null for an unknown type word
   bool items_are_texts;  ///< an array whose items are taken as texts
+  bool takes_any;        ///< whether every value of its kind is taken as it is: it has no enumeration, no bound
+  bool is_reserved;      ///< whether its name never reaches it: an argument of that name routes or names the action
   std::uint32_t slot;    ///< the place of its name in a bound map
   Value minimum;         ///< the bounds, in the kind of the values that are compared with them where exact
   Value maximum;

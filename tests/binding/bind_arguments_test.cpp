@@ -5,7 +5,11 @@ namespace tool_binding {
 namespace {
 
 void expect_bound(const ToolSpec& tool, const std::vector<ArgumentsRow>& rows) {
-  expect_rows(rows, [&](const ArgumentMap& given) { return bind_arguments(tool, given); });
+  expect_rows(rows, [&](const ArgumentMap& given) {
+    ArgumentMap bound = bind_arguments(tool, given);
+    EXPECT_EQ(bind_arguments(tool, ArgumentMap(given)), bound) << "arguments given away";
+    return bound;
+  });
 }
 
 ToolDeclaration files_declaration() {
@@ -73,7 +77,9 @@ TEST(BindArguments, CopiesNoContent) {
   const ArgumentMap given = {{"p", std::string(1000, 'a')}};
   const ToolSpec tool(files_declaration());
   const ArgumentMap bound = bind_arguments(tool, given);
-  EXPECT_EQ(bound.find("p")->text().data(), given.find("p")->text().data());
+  const char* const content = given.find("p")->text().data();
+  EXPECT_EQ(bound.find("p")->text().data(), content);
+  EXPECT_EQ(bind_arguments(tool, ArgumentMap(given)).find("p")->text().data(), content);
   EXPECT_EQ(bound.find("l")->list().data(), tool.param("l")->default_.list().data());
 }
 

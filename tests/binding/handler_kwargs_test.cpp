@@ -38,6 +38,7 @@ TEST(HandlerKwargs, AreTheBoundArgumentsThenTheContextThatTheHandlerTakes) {
   for (const Row& row : rows) {
     const Handler handler = {{row.parameters}, {}};
     EXPECT_EQ(one_line(handler_kwargs(handler, bound, context)), row.expected) << row.shows;
+    EXPECT_EQ(one_line(handler_kwargs(handler, ArgumentMap(bound), context)), row.expected) << row.shows;
     EXPECT_EQ(one_line(handler_kwargs(handler, bound, {})), alone) << row.shows;
     EXPECT_EQ(one_line(bound), alone) << row.shows;
     EXPECT_EQ(one_line(context), "{root: <root>, engine: <engine>, path: <context path>}") << row.shows;
