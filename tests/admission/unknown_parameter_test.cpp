@@ -5,6 +5,7 @@ namespace tool_binding {
 namespace {
 
 TEST(UnknownParameter, IsToldWhatTheToolTakes) {
+  const std::string odd("it's\n\0x", 7);
   const std::string unknown = "refused: Unknown parameter ";
   const std::string takes = " It takes: query, limit, \u00FCber.";
   const std::vector<ArgumentsRow> rows = {
@@ -13,7 +14,7 @@ TEST(UnknownParameter, IsToldWhatTheToolTakes) {
       {"the first of two", {{"patern", 1}}, unknown + "'patern' for search. Did you mean 'query'?" + takes},
       {"none near", {{"zzz", 1}}, unknown + "'zzz' for search." + takes},
       {"no name", {{"", 1}}, unknown + "'' for search." + takes},
-      {"quotes stand unchanged", {{"it's\n", 1}}, unknown + "'it's\n' for search." + takes}};
+      {"quotes and zero bytes stand unchanged", {{odd, 1}}, unknown + "'" + odd + "' for search." + takes}};
   expect_admitted(ToolSpec({.name = "search",
                             .params = {{.name = "query", .type = "string", .synonyms = {"pattern"}},
                                        {.name = "limit", .type = "integer", .synonyms = {"max_results", "pattern"}},

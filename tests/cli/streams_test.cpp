@@ -46,7 +46,7 @@ TEST(Streams, AnswerBlankLinesAndALastLineWithoutLineFeed) {
 }
 
 TEST(Streams, TakeLinesOfAnyLength) {
-  const std::string padding(1000 * 1000, ' ');
+  const std::string padding(10'000'000, ' ');
   const Finished finished = run(question, asked + padding + "\n" + asked + "\n" + padding + padding + asked + "\n");
   EXPECT_EQ(finished.out, answered + answered + answered);
 }
