@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <array>
-#include <atomic>
+#include <latch>
 #include <thread>
 
 #include "requests.hpp"
@@ -56,12 +56,11 @@ void check(Choices choices) {
   };
   std::array<std::string, thread_count> answers;
   {
-    std::atomic<std::size_t> waiting = 0;
+    std::latch all_started(thread_count);
     std::array<std::jthread, thread_count> threads;
     for (std::size_t part = 0; part < thread_count; ++part) {
       threads[part] = std::jthread([&, part] {
-        for (++waiting; waiting != thread_count;) {
-        }
+        all_started.arrive_and_wait();
         answers[part] = all_of(part, shared);
       });
     }
