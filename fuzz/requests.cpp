@@ -98,6 +98,15 @@ bool is_kept(const ParamSpec& param) {
   return param.name == "repo" || param.name == REPO_ROOT_ARGUMENT || param.name == ACTION_PARAM;
 }
 
+bool is_declared_once(const std::vector<ParamSpec>& params) {
+  std::vector<Text> sorted;
+  for (const ParamSpec& param : params) {
+    sorted.push_back(param.name);
+  }
+  std::sort(sorted.begin(), sorted.end());
+  return std::adjacent_find(sorted.begin(), sorted.end()) == sorted.end();
+}
+
 bool is_blank_name(const Text& name) { return name.empty() || name == " "; }
 
 bool is_wide(const Value& value) { return value.is_integer() && !value.to_int64(); }
@@ -140,7 +149,7 @@ bool is_consistent(const ToolDeclaration& tool) {
   const auto names_blank = [](const ActionSpec& action) { return is_blank_name(action.name); };
   const auto is_default = [&](const ActionSpec& action) { return action.name == *tool.default_action; };
   return std::all_of(tool.params.begin(), tool.params.end(), bounds_fit) &&
-         std::none_of(tool.params.begin(), tool.params.end(), is_kept) &&
+         std::none_of(tool.params.begin(), tool.params.end(), is_kept) && is_declared_once(tool.params) &&
          std::none_of(tool.actions.begin(), tool.actions.end(), names_blank) &&
          (!tool.default_action || std::any_of(tool.actions.begin(), tool.actions.end(), is_default));
 }
