@@ -69,6 +69,10 @@ say "installed shared, pkg-config"
 with_pkg_config "$scratch/shared" tool_binding
 
 say "a shared library shows what its public headers declare"
+if grep -rL 'GCC visibility push(default)' "$source_tree"/include "$source_tree"/json/include | grep .; then
+  say "these headers show nothing"
+  exit 1
+fi
 if nm -DC --defined-only "$scratch/shared/lib/libtool_binding.so" | grep -E ' [TDB] ' | grep -E '::_[a-z]|near_|PreparedTool::[a-z]'; then
   say "these are private"
   exit 1
