@@ -28,7 +28,7 @@ constexpr std::array<KindRow, 18> kinds = {{
     {Found::crossed_bounds, false, "{} is above the maximum {}"},
     {Found::idle_bound, false, "{} never acts: {}"},
     {Found::refused_default, false, "{} would be refused if it were sent: {}"},
-    {Found::changed_default, false, "{} would become {} if it were sent"},
+    {Found::changed_default, false, "{} would {} if it were sent"},
     {Found::unmatched_value, false, "{} can never be matched: an argument that says it is {}"},
     {Found::shadowed_value, false, "{} can never be matched: it is read as {}, which stands earlier"},
     {Found::kept_name, false,

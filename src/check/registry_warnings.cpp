@@ -193,8 +193,10 @@ void Doubting::judge_default(const ParameterAlone& alone, const Value& value, st
   const std::string shown = quoted_form(value);
   if (!admitted.refusal.empty()) {
     findings_.add(Found::refused_default, std::move(place), {shown, admitted.refusal});
-  } else if (const std::string became = quoted_form(admitted.value.value_or(Value())); became != shown) {
-    findings_.add(Found::changed_default, std::move(place), {shown, became});
+  } else if (!admitted.value) {
+    findings_.add(Found::changed_default, std::move(place), {shown, "be left out, as blank text is,"});
+  } else if (const std::string became = quoted_form(*admitted.value); became != shown) {
+    findings_.add(Found::changed_default, std::move(place), {shown, "become " + became});
   }
 }
 
@@ -206,7 +208,8 @@ void Doubting::judge_handler(const RegistryEntry& entry, const std::string& plac
              (parameter.kind == Parameter::Kind::NAMED && parameter.name == name);
     });
   };
-  for (const auto& [name, value] : ToolSpec(entry.tool).prepared().bound_defaults) {
+  const ToolSpec tool(entry.tool);
+  for (const auto& [name, value] : tool.prepared().bound_defaults) {
     if (!takes(name)) {
       findings_.add(Found::keyword_without_taker, place, {quoted(name)});
     }

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tool_binding/registry_check.hpp"
+
+namespace tool_binding {
+namespace {
+
+TEST(DeclareTools, FillsTheRegistryAndHandsOutTheHandlers) {
+  const Handlers handlers = declare_tools({
+      {.tool = {.name = "first", .params = {{.name = "p", .type = "integer"}}},
+       .handler = {.signature = {{{.name = "p"}}}, .function = [](const KeywordArguments&) { return Value("one"); }}},
+      {.tool = {.name = "second"}},
+  });
+  EXPECT_EQ(TOOLS["first"].params()[0].name, "p");
+  ASSERT_EQ(handlers.size(), 2U);
+  EXPECT_EQ(handlers[0].name, "first");
+  EXPECT_EQ(handlers[0].value.function({}), Value("one"));
+}
+
+TEST(DeclareTools, RefusesAllOrNothingWithEveryError) {
+  (void)declare_tools({{.tool = {.name = "third"}}});
+  try {
+    (void)declare_tools({{.tool = {.name = "fourth"}},
+                         {.tool = {.name = "third", .params = {{.name = "p", .type = "float", .minimum = "1"}}}}});
+    FAIL();
+  } catch (const RegistryError& error) {
+    EXPECT_EQ(error.message(),
+              "tools[1].params[0].type: must be integer, number, boolean, string or array, not 'float'; did you mean "
+              "'number'?\n"
+              "tools[1].params[0].minimum: must be a number, not '1'\n"
+              "tools[1].name: 'third' is declared already at an earlier call");
+    EXPECT_EQ(error.faults()[0].kind, Finding::Kind::type_word);
+  }
+  EXPECT_EQ(TOOLS.find("fourth"), nullptr);
+}
+
+TEST(CheckRegistry, TellsErrorsFromWarnings) {
+  const std::vector<RegistryEntry> entries = {{.tool = {.name = "", .params = {{.name = "repo", .type = "array"}}}}};
+  const std::vector<Finding> findings = check_registry(entries);
+  ASSERT_EQ(findings.size(), 3U);
+  EXPECT_TRUE(is_error(findings[0].kind));
+  EXPECT_FALSE(is_error(findings[1].kind));
+  EXPECT_EQ(findings[2].words, "takes neither 'repo' nor any keyword");
+}
+
+}  // namespace
+}  // namespace tool_binding
