@@ -20,5 +20,9 @@ using Run = std::function<ExitStatus()>;
 Run declare_admit(CLI::App& command);
 Run declare_missing(CLI::App& command);
 Run declare_default(CLI::App& command);
+Run declare_explain(CLI::App& command);
+Run declare_check(CLI::App& command);
+Run declare_schema(CLI::App& command);
+Run declare_import(CLI::App& command);
 
 }  // namespace tool_binding::cli

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "command.hpp"
+#include "explanation.hpp"
+#include "loading.hpp"
+#include "options.hpp"
+#include "output.hpp"
+#include "tool_binding/json/reader.hpp"
+
+namespace tool_binding::cli {
+
+namespace {
+
+struct Question {
+  Files files;
+  std::string tool;
+  std::vector<std::string> arguments;  ///< each is "-" or NAME=VALUE
+};
+
+/// JSON where it reads as JSON, else the text that it is.
+Value value_of(const std::string& text) {
+  try {
+    return json::read(text);
+  } catch (const json::ParseError&) {
+    return text;
+  }
+}
+
+/// The arguments of standard input.
+Value read_arguments() {
+  Value arguments;
+  try {
+    arguments = json::read(read_file(standard_input));
+  } catch (const json::ParseError& error) {
+    throw UnusableFile(standard_input, error.message());
+  }
+  if (!arguments.is_mapping()) {
+    throw UnusableFile(standard_input, "arguments are a JSON object");
+  }
+  return arguments;
+}
+
+ArgumentMap arguments_of(const Question& question) {
+  ArgumentMap arguments;
+  for (const std::string& argument : question.arguments) {
+    if (argument == standard_input) {
+      const Value read = read_arguments();
+      for (const auto& [name, value] : read.mapping()) {
+        arguments.set(name, value);
+      }
+    } else {
+      const std::size_t sign = argument.find('=');
+      arguments.set(argument.substr(0, sign), value_of(argument.substr(sign + 1)));
+    }
+  }
+  return arguments;
+}
+
+/// The account of a request, and whether it is admitted.
+std::string explanation_of(const ToolSpec& tool, const ArgumentMap& arguments, const Handler& handler,
+                           ExitStatus& status) {
+  const Colours colours = output_colours();
+  const Sent sent{tool, arguments};
+  std::string refusal;
+  try {
+    return explain_admission(sent, normalize_arguments(tool, arguments), handler, colours);
+  } catch (const ArgumentError& error) {
+    refusal = error.message();
+  } catch (const std::overflow_error& error) {
+    refusal = error.what();
+  }
+  status = ExitStatus::refused;
+  return explain_refusal(sent, refusal, colours);
+}
+
+ExitStatus explain(const Question& question) {
+  const Handlers handlers = load_registry(question.files.registry);
+  const ToolSpec* const tool = TOOLS.find(question.tool);
+  if (tool == nullptr) {
+    std::string words = "no tool is named '" + question.tool + "': it declares";
+    for (const ToolSpec& declared : TOOLS.all()) {
+      words.append(words.ends_with(" declares") ? " " : ", ").append(declared.name());
+    }
+    throw UnusableFile(question.files.registry, words);
+  }
+  ExitStatus status = ExitStatus::answered;
+  Output output;
+  output.text() = explanation_of(*tool, arguments_of(question), *handlers.find(tool->name()), status);
+  static_cast<void>(output.flush());
+  return status;
+}
+
+void check_arguments(const Question& question) {
+  const auto reads_input = std::count(question.arguments.begin(), question.arguments.end(), standard_input);
+  if (reads_input + (question.files.registry == standard_input ? 1 : 0) > 1) {
+    throw CLI::ValidationError("standard input is one file only: name the others by their paths");
+  }
+  for (const std::string& argument : question.arguments) {
+    if (argument != standard_input && argument.find('=') == std::string::npos) {
+      throw CLI::ValidationError("an argument is NAME=VALUE, or - for an object on standard input, not " + argument);
+    }
+  }
+}
+
+}  // namespace
+
+Run declare_explain(CLI::App& command) {
+  const auto question = std::make_shared<Question>();
+  add_registry_option(command, question->files);
+  command.add_option("TOOL", question->tool, "The tool that the request names")->required();
+  command.add_option("ARGUMENTS", question->arguments, "NAME=VALUE, a value being JSON where it reads as JSON, or -")
+      ->type_name("NAME=VALUE");
+  command.callback([question] { check_arguments(*question); });
+  return [question] { return explain(*question); };
+}
+
+}  // namespace tool_binding::cli

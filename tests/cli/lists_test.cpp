@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include "command.hpp"
+
+namespace {
+
+using cli_test::file_of;
+using cli_test::Finished;
+using cli_test::registry;
+using cli_test::run;
+
+TEST(Schema, ShowsTheToolsThatAreNamed) {
+  const Finished finished = run({"schema", "--registry", registry(), "browse", "ping"});
+  EXPECT_EQ(finished.out, R"({
+  "tools": [
+    {
+      "name": "browse",
+      "description": "",
+      "inputSchema": {
+        "type": "object",
+        "properties": {
+          "action": {"type": "string", "enum": ["list", "find"], "default": "list"},
+          "limit": {"type": "integer"},
+          "query": {"type": "string"}
+        },
+        "allOf": [
+          {
+            "if": {"properties": {"action": {"const": "find"}}, "required": ["action"]},
+            "then": {"required": ["query"]}
+          }
+        ],
+        "additionalProperties": false
+      }
+    },
+    {
+      "name": "ping",
+      "description": "",
+      "inputSchema": {"type": "object", "properties": {}, "additionalProperties": false}
+    }
+  ]
+}
+)");
+  EXPECT_EQ(finished.status, 0);
+  const Finished unknown = run({"schema", "--registry", registry(), "nope"});
+  EXPECT_EQ(unknown.out, "");
+  EXPECT_NE(unknown.errors.find("no tool is named 'nope'"), std::string::npos);
+  EXPECT_EQ(unknown.status, 2);
+}
+
+TEST(Import, WritesARegistryAndNamesWhatItCannotSay) {
+  const std::string list = file_of(R"({"tools": [
+    {"name": "a", "inputSchema": {"properties": {"x": {"type": "object"}}}},
+    {"name": "b", "inputSchema": {"properties": {"y": {"type": "float"}}}}]})");
+  const Finished strict = run({"import", list});
+  EXPECT_EQ(strict.out, "{\"tools\": [{\"name\": \"b\", \"params\": [{\"name\": \"y\", \"type\": \"number\"}]}]}\n");
+  EXPECT_EQ(strict.errors, list + ":2: tools[0].inputSchema.properties.x: cannot be an object: the tool is left out\n" +
+                               list + ":3: tools[1].inputSchema.properties.y.type: 'float' is read as 'number'\n");
+  EXPECT_EQ(strict.status, 1);
+  const Finished lenient = run({"import", "--lenient", list});
+  EXPECT_NE(lenient.out.find(R"({"name": "x", "type": "string"})"), std::string::npos);
+  EXPECT_EQ(lenient.status, 0);
+  EXPECT_EQ(run({"import"}, "{}").status, 2);
+  EXPECT_EQ(run({"import"}, "{").status, 2);
+}
+
+}  // namespace
