@@ -26,8 +26,10 @@ struct Request {
 
 /// A needs no change, B needs one in nearly every argument, C is refused for two reasons.
 inline constexpr std::array<Request, 3> requests = {{
-    {"A", R"({"query":"parse config file","limit":25,"regex":true,"kinds":["function","class"],"threshold":0.75,"mode":"fuzzy"})"},
-    {"B", R"({"query":"parse config file","limit":"25","regex":"true","kinds":"function,class","threshold":1.5,"mode":"Fuzzy"})"},
+    {"A",
+     R"({"query":"parse config file","limit":25,"regex":true,"kinds":["function","class"],"threshold":0.75,"mode":"fuzzy"})"},
+    {"B",
+     R"({"query":"parse config file","limit":"25","regex":"true","kinds":"function,class","threshold":1.5,"mode":"Fuzzy"})"},
     {"C", R"({"path":"src/core","lmit":10,"limit":"ten","regex":true,"mode":"fuzzy"})"},
 }};
 

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "search_tool.hpp"
+
+namespace tool_binding::bench {
+
+/// The walk of a request through the layer, as a daemon writes it.
+struct Walk {
+  ToolSpec tool{search_declaration()};
+  Handler handler = search_handler();
+  KeywordArguments context = daemon_context();
+
+  [[nodiscard]] KeywordArguments operator()(const ArgumentMap& arguments) const {
+    return handler_kwargs(handler, bind_arguments(tool, normalize_arguments(tool, arguments).arguments()), context);
+  }
+
+  /// The refusal of a request that is refused.
+  [[nodiscard]] std::string refusal(const ArgumentMap& arguments) const {
+    try {
+      static_cast<void>((*this)(arguments));
+    } catch (const ArgumentError& error) {
+      return error.what();
+    }
+    return {};
+  }
+};
+
+}  // namespace tool_binding::bench
