@@ -1,0 +1,5 @@
+#include "index.hpp"
+
+Place Index::open(int number) {
+  return number < size() ? Place(number) : Place();
+}
