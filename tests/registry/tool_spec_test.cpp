@@ -51,11 +51,5 @@ TEST(ToolSpec, FindsAnActionWhateverItsCase) {
   EXPECT_EQ(name_of(ToolSpec({.name = "status"}).action("list")), "none");
 }
 
-TEST(ToolSpec, WordsTheRefusalOfAnAction) {
-  const ToolSpec tool({.name = "files", .actions = {{.name = "list", .synonyms = {"ls"}}, {.name = "read"}}});
-  EXPECT_EQ(tool.unknown_action_error(" it's "), "Unknown action ' it's ' for files: one of list, read");
-  EXPECT_EQ(tool.unknown_action_error(5.0), "Unknown action '5.0' for files: one of list, read");
-}
-
 }  // namespace
 }  // namespace tool_binding
