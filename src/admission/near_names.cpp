@@ -115,7 +115,9 @@ const Text* _nearest(std::string_view name, const NearCandidates& candidates) {
   Best best;
   for (const NearCandidates::Candidate& candidate : candidates.all()) {
     const std::size_t total = candidate.size + word.size();
-    if (!best.can_be(std::min(candidate.size, word.size()), total) ||
+    const std::size_t shorter = std::min(candidate.size, word.size());
+    // The cutoff in integers: no division for the many names that are much longer or much shorter than the word.
+    if (10 * shorter < 3 * total || !best.can_be(shorter, total) ||
         !best.can_be(word.count_bound(candidate), total)) {
       continue;
     }

@@ -47,9 +47,11 @@ inline std::size_t NameIndex::hash_of(const Cell& cell) noexcept {
   if (cell.holds_node()) {
     return std::hash<std::string_view>{}(cell.text());
   }
+  // A product's bit depends on no higher bit of its factors: the upper half is folded in first, and the upper half of
+  // the product taken, so that names which differ in one byte, whichever it is, stand apart.
   constexpr std::uint64_t odd = 0x9E3779B97F4A7C15;
-  const std::uint64_t mixed = (cell.low() ^ std::rotl(cell.high(), 29)) * odd;
-  return mixed ^ (mixed >> 32U);
+  const std::uint64_t halves = cell.low() ^ std::rotl(cell.high(), 29);
+  return ((halves ^ (halves >> 32U)) * odd) >> 32U;
 }
 
 inline std::uint32_t NameIndex::find(const Text& name) const noexcept {
