@@ -117,8 +117,7 @@ const Text* _nearest(std::string_view name, const NearCandidates& candidates) {
     const std::size_t total = candidate.size + word.size();
     const std::size_t shorter = std::min(candidate.size, word.size());
     // The cutoff in integers: no division for the many names that are much longer or much shorter than the word.
-    if (10 * shorter < 3 * total || !best.can_be(shorter, total) ||
-        !best.can_be(word.count_bound(candidate), total)) {
+    if (10 * shorter < 3 * total || !best.can_be(shorter, total) || !best.can_be(word.count_bound(candidate), total)) {
       continue;
     }
     const std::u32string_view code_points = candidates.code_points(candidate);
