@@ -38,8 +38,7 @@ constexpr std::array commands = {
 
 constexpr const char* closing_words =
     "Answers go to standard output, a line each; everything else to standard error.\n"
-    "Exit status: 0 all answered, 1 some request refused or some tool left out, 2 wrong usage or an unusable "
-    "registry,\n"
+    "Exit status: 0 all answered, 1 some request refused or tool left out, 2 wrong usage or an unusable registry,\n"
     "context or list, 3 input or output failed. A reader that closes the pipe ends the run with the status so far.";
 
 void complain(std::string_view lines) {

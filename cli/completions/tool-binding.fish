@@ -4,10 +4,16 @@
 complete -c tool-binding -n __fish_use_subcommand -f -a admit -d 'Admit requests'
 complete -c tool-binding -n __fish_use_subcommand -f -a missing -d 'Say what calls lack that their actions need'
 complete -c tool-binding -n __fish_use_subcommand -f -a default -d 'Look up what calls get for what they leave out'
+complete -c tool-binding -n __fish_use_subcommand -f -a explain -d 'Show what becomes of one request, and why'
+complete -c tool-binding -n __fish_use_subcommand -f -a check -d 'Name what is wrong or doubtful in a registry'
+complete -c tool-binding -n __fish_use_subcommand -f -a schema -d 'Show the tools as their callers are told of them'
+complete -c tool-binding -n __fish_use_subcommand -f -a import -d 'Make a registry of a list of tools'
 complete -c tool-binding -n __fish_use_subcommand -l version -d 'Show the version'
 complete -c tool-binding -s h -l help -d 'Show the usage'
 
-complete -c tool-binding -n '__fish_seen_subcommand_from admit missing default' -r -F -l registry \
+complete -c tool-binding -n '__fish_seen_subcommand_from admit missing default explain check schema' -r -F -l registry \
     -d 'The file that declares the tools'
 complete -c tool-binding -n '__fish_seen_subcommand_from admit' -r -F -l context \
     -d 'A JSON object whose entries are offered to every handler'
+complete -c tool-binding -n '__fish_seen_subcommand_from import' -l lenient \
+    -d 'Let a parameter take text where no type says what it is'
