@@ -30,8 +30,8 @@ struct MapEntry {
 
   /// The entry of a map to other values, of which `Mapped` can be made.
   template <class Other>
-  MapEntry(const MapEntry<Other>& other)
-      : name(other.name), value(other.value) {}  // NOLINT(google-explicit-constructor)
+  MapEntry(const MapEntry<Other>& other)  // NOLINT(google-explicit-constructor)
+      : name(other.name), value(other.value) {}
   template <class Other>
   MapEntry(MapEntry<Other>&& other)  // NOLINT(google-explicit-constructor)
       : name(std::move(other.name)), value(std::move(other.value)) {}
