@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "pipeline.hpp"
-#include "schemas.hpp"
 #include "text.hpp"
+#include "tool_binding/json/tool_list.hpp"
 #include "tool_binding/json/writer.hpp"
 
 namespace repo_daemon {
@@ -138,11 +138,9 @@ tb::Value Server::list_tools(const Params& params) {
   }
   std::vector<Value> listed;
   for (const auto& [name, handler] : handlers_) {
-    const tb::ToolSpec& tool = tb::TOOLS[name];
-    listed.emplace_back(tb::ArgumentMap{{"name", name},
-                                        {"description", tool.description()},
-                                        {"inputSchema", input_schema(tool)},
-                                        {"annotations", tb::ArgumentMap{{"readOnlyHint", true}}}});
+    tb::ArgumentMap tool = tb::json::advertised_tool(tb::TOOLS[name]).mapping();
+    tool.append("annotations", tb::ArgumentMap{{"readOnlyHint", true}});
+    listed.emplace_back(std::move(tool));
   }
   return tb::ArgumentMap{{"tools", listed}};
 }

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "cli/command.hpp"
-#include "examples/source_tree.hpp"
+#include "source_tree.hpp"
 
 namespace repo_daemon_test {
 

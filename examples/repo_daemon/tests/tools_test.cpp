@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include "examples/conversation.hpp"
+#include "conversation.hpp"
 
 namespace repo_daemon_test {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "examples/conversation.hpp"
+#include "conversation.hpp"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "examples/conversation.hpp"
+#include "conversation.hpp"
 
 namespace repo_daemon_test {
 
@@ -95,9 +95,8 @@ TEST(RepoDaemonMessages, list_every_tool_with_its_schema) {
   for (const char* const part :
        {R"("name": "search", "description": "Looks through)", R"("name": "read", "description": "Shows)",
         R"("name": "files", "description": "Lists)", R"("name": "status", "description": "Says)",
-        R"("inputSchema": {"type": "object", "properties": {"path": {"type": "string", )",
-        R"(Default: 50 for find, 200 for list, 300 for outline, 20 for stats.", "minimum": 1, "maximum": 1000})",
-        R"("required": ["path"])", R"("annotations": {"readOnlyHint": true})"}) {
+        R"("inputSchema": {"type": "object", "properties": {"action": {"type": "string", )",
+        R"("minimum": 1, "maximum": 1000})", R"("required": ["path"])", R"("annotations": {"readOnlyHint": true})"}) {
     EXPECT_NE(list.find(part), std::string::npos) << part << " is not in " << list;
   }
 }
