@@ -111,10 +111,10 @@ TEST(Value, MayBeNestedToAnyDepth) {
   on_a_small_stack([] {
     Value part;
     {
-      const Value one = nested(200'000, long_text);
-      const Value same = nested(200'000, long_text);
+      const Value one = nested(1'000'000, long_text);
+      const Value same = nested(1'000'000, long_text);
       EXPECT_TRUE(one == same);
-      EXPECT_FALSE(one == nested(200'000, "other"));
+      EXPECT_FALSE(one == nested(1'000'000, "other"));
       part = List{one, nested(10, long_text)}.back();
     }
     EXPECT_EQ(part, nested(10, long_text));
