@@ -58,7 +58,7 @@ Became what_became(const ToolSpec& tool, const Text& name, const Value& sent, co
   const ParamSpec* const param = tool.param(name);
   const Text declared = param == nullptr || name == ACTION_PARAM ? name : param->name;
   const bool is_synonym = declared != name;
-  const Became superseded{std::string(name), std::nullopt, "'" + std::string(declared) + "' was given too"};
+  Became superseded{std::string(name), std::nullopt, "'" + std::string(declared) + "' was given too"};
   std::optional<NormalizedArguments> found;
   try {
     found = normalize_arguments(undemanding(tool), {{name, sent}});

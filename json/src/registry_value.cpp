@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <utility>
+
 #include "field_readers.hpp"
 #include "tool_binding/json/tool_list.hpp"
 
@@ -44,10 +46,11 @@ void add_list(ArgumentMap& object, std::string_view key, const std::vector<Recor
     return;
   }
   std::vector<Value> items;
+  items.reserve(records.size());
   for (const Record& record : records) {
     items.push_back(value_of(record));
   }
-  object.append(key, items);
+  object.append(key, std::move(items));
 }
 
 Value action_value(const ActionSpec& action) {
