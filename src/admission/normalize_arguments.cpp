@@ -44,7 +44,7 @@ void Normalizing::take(const Text& name, const Value& value) {
   } else if (name == ACTION_PARAM) {
     _take_action(value);
   } else if (!is_routing_param(name)) {
-    param == nullptr ? _append_unknown_parameter(problems.add(), name) : _take_synonym(name, *param, value);
+    param == nullptr ? _unknown_parameter(problems.add(), name) : _take_synonym(name, *param, value);
   }
 }
 

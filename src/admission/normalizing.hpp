@@ -49,7 +49,7 @@ class Normalizing {
   [[nodiscard]] std::optional<Text> _action();
 
   // unknown_parameter.cpp
-  void _append_unknown_parameter(std::string& problem, const Text& name) const;
+  void _unknown_parameter(std::string& problem, const Text& name) const;
 
   // coercion.cpp: the value as the handler takes it: the one that is given, or `changed`; null for one that cannot be
   // read, the problem noted

@@ -5,7 +5,7 @@
 
 namespace tool_binding {
 
-void Normalizing::_append_unknown_parameter(std::string& problem, const Text& name) const {
+void Normalizing::_unknown_parameter(std::string& problem, const Text& name) const {
   problem.append("Unknown parameter '").append(name).append("' for ").append(spec.name()).append(".");
   if (const Text* const near = _nearest(name, prepared.near_params)) {
     const ParamSpec* const param = spec.param(*near);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "tool_binding/tool_binding.hpp"
@@ -8,23 +9,34 @@ namespace tool_binding {
 
 namespace {
 
-/// Whether one of `parameters` is a keyword of that name.
-bool _names(const std::vector<Parameter>& parameters, const Text& name) noexcept {
-  return std::any_of(parameters.begin(), parameters.end(), [&](const Parameter& parameter) {
-    return name == parameter.name && parameter.kind == Parameter::Kind::NAMED;
-  });
-}
+/// The names of a handler's declared parameters that are keywords.
+class ParameterNames {
+ public:
+  explicit ParameterNames(const std::vector<Parameter>& parameters) noexcept : parameters_(parameters) {}
 
-bool _takes_any(const std::vector<Parameter>& parameters) noexcept {
-  return std::any_of(parameters.begin(), parameters.end(),
-                     [](const Parameter& parameter) { return parameter.kind == Parameter::Kind::VAR_KEYWORD; });
+  [[nodiscard]] bool contain(const Text& name) const noexcept {
+    return std::any_of(parameters_.begin(), parameters_.end(), [&](const Parameter& parameter) {
+      return name == parameter.name && parameter.kind == Parameter::Kind::NAMED;
+    });
+  }
+
+ private:
+  const std::vector<Parameter>& parameters_;
+};
+
+/// The names that `handler` takes, none when it takes any keyword.
+std::optional<ParameterNames> _parameter_names(const Handler& handler) noexcept {
+  const std::vector<Parameter>& parameters = handler.signature.parameters;
+  const bool takes_any = std::any_of(parameters.begin(), parameters.end(), [](const Parameter& parameter) {
+    return parameter.kind == Parameter::Kind::VAR_KEYWORD;
+  });
+  return takes_any ? std::nullopt : std::optional<ParameterNames>(parameters);
 }
 
 void _add_context(KeywordArguments& keywords, const Handler& handler, const KeywordArguments& context) {
-  const std::vector<Parameter>& parameters = handler.signature.parameters;
-  const bool takes_any = _takes_any(parameters);
+  const std::optional<ParameterNames> takes = _parameter_names(handler);
   for (const auto& [name, item] : context) {
-    if (!takes_any && !_names(parameters, name)) {
+    if (takes && !takes->contain(name)) {
       continue;
     }
     if (const std::size_t place = keywords.place_in_a_row(name); place != keywords.size()) {
