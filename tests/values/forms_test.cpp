@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
+#include <cmath>
+#include <cstdint>
 #include <limits>
 #include <string>
 #include <vector>
@@ -51,6 +54,26 @@ TEST(Forms, AreTheSameForAllButTexts) {
   for (const Row& row : rows) {
     EXPECT_EQ(plain_form(row.given).view(), row.expected);
     EXPECT_EQ(quoted_form(row.given), row.expected);
+  }
+}
+
+/// As the standard library writes the fewest digits, with a point.
+std::string shortest(double number) {
+  char buffer[32];
+  const std::string digits(buffer, std::to_chars(buffer, buffer + sizeof buffer, number, std::chars_format::fixed).ptr);
+  return digits + (digits.find('.') == std::string::npos ? ".0" : "");
+}
+
+TEST(Forms, OfDecimalsAndTheirNeighboursHaveTheFewestDigits) {
+  for (const double scale : {1.0, 10.0, 100.0, 1000.0, 10000.0}) {
+    for (const std::int64_t first : {2LL, 999'000LL, 999'999'000LL, 999'999'999'000LL, 1'000'000'000'000LL}) {
+      for (std::int64_t units = first; units < first + 1000; ++units) {
+        const double number = static_cast<double>(units) / scale;
+        for (const double each : {number, -number, std::nextafter(number, 0.0), std::nextafter(number, infinity)}) {
+          ASSERT_EQ(plain_form(each).view(), shortest(each));
+        }
+      }
+    }
   }
 }
 
