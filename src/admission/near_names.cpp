@@ -14,15 +14,10 @@ namespace tool_binding {
 
 namespace {
 
-using detail::ClassCounts;
 using detail::NearCandidates;
 
 /// Enough for names of some 60 code points; a longer word takes its room from the heap.
 using SearchMemory = std::array<std::byte, 4096>;
-
-double ratio(std::size_t matched, std::size_t total) noexcept {
-  return total == 0 ? 1.0 : 2.0 * static_cast<double>(matched) / static_cast<double>(total);
-}
 
 /// The word of one search, with what its comparison with every candidate needs.
 class Word {
@@ -34,11 +29,9 @@ class Word {
       code_points_.push_back(next.value);
       name.remove_prefix(next.size);
     }
-    if (size() <= ClassCounts::longest_name) {
-      counts_ = ClassCounts(view());
-    }
-    if (size() <= places_.size()) {
-      mark_places();
+    classes_ = detail::ClassSet(view());
+    for (std::size_t place = 0; place < std::min(size(), places_in_order); ++place) {
+      places_[detail::class_of(code_points_[place])] |= std::uint64_t{1} << place;
     }
   }
 
@@ -46,54 +39,49 @@ class Word {
   [[nodiscard]] std::u32string_view view() const noexcept { return {code_points_.data(), size()}; }
 
   /// No less than the code points that the word and `candidate` can have matched, whichever way.
-  [[nodiscard]] std::size_t count_bound(const NearCandidates::Candidate& candidate) const noexcept {
-    const bool counted = std::max(size(), candidate.size) <= ClassCounts::longest_name;
-    return counted ? counts_.in_common(candidate.counts) : std::min(size(), candidate.size);
+  [[nodiscard]] std::size_t class_bound(const NearCandidates::Candidate& candidate) const noexcept {
+    return classes_.in_common(candidate.classes);
   }
 
   /// The same by their order: what is matched is a common subsequence. The length of the longest one is counted 64
-  /// places at once (Hyyrö's bit-parallel method); classes of characters stand for characters, as in the counts.
+  /// places at once (Hyyrö's bit-parallel method); classes of characters stand for characters. Of a longer word, all
+  /// further code points are taken to match.
   [[nodiscard]] std::size_t order_bound(std::u32string_view candidate) const noexcept {
-    if (size() > 64) {
-      return std::min(size(), candidate.size());
-    }
     std::uint64_t unmatched = ~std::uint64_t{0};
     for (const char32_t character : candidate) {
-      const std::uint64_t matched = unmatched & places_[character % places_.size()];
+      const std::uint64_t matched = unmatched & places_[detail::class_of(character)];
       unmatched = (unmatched + matched) | (unmatched - matched);
     }
-    return static_cast<std::size_t>(std::popcount(~unmatched));
+    return static_cast<std::size_t>(std::popcount(~unmatched)) + (std::max(size(), places_in_order) - places_in_order);
   }
 
  private:
-  void mark_places() noexcept {
-    for (std::size_t place = 0; place < size(); ++place) {
-      places_[code_points_[place] % places_.size()] |= std::uint64_t{1} << place;
-    }
-  }
+  static constexpr std::size_t places_in_order = 64;
 
   std::pmr::vector<char32_t> code_points_;
-  ClassCounts counts_;
-  std::array<std::uint64_t, 64> places_ = {};  ///< of the word's characters, by class; of a word of at most 64
+  detail::ClassSet classes_;
+  std::array<std::uint64_t, detail::character_classes> places_ = {};  ///< of the word's first characters, by class
 };
 
-/// The best candidate so far.
+/// The best candidate so far. Similarities are compared as the fractions that they are.
 class Best {
  public:
   /// Whether a candidate of which at most `matched` of `total` code points match can still be it.
   [[nodiscard]] bool can_be(std::size_t matched, std::size_t total) const noexcept {
-    const double similarity = ratio(matched, total);
-    return similarity >= NEAR_NAME_CUTOFF && (name_ == nullptr || similarity >= similarity_);
+    return matched * total_ >= matched_ * total;
   }
 
-  void offer(const NearCandidates::Candidate& candidate, std::u32string_view code_points, double similarity) {
-    if (similarity < NEAR_NAME_CUTOFF || (name_ != nullptr && similarity < similarity_)) {
-      return;
+  void offer(const NearCandidates::Candidate& candidate, std::u32string_view code_points, std::size_t matched,
+             std::size_t total) {
+    if (total == 0) {
+      return offer(candidate, code_points, 1, 2);  // two empty names are equal
     }
-    if (name_ == nullptr || similarity > similarity_ || code_points > code_points_) {
+    const bool is_better = matched * total_ > matched_ * total;
+    if (is_better || (can_be(matched, total) && (name_ == nullptr || code_points > code_points_))) {
       name_ = &candidate.name;
       code_points_ = code_points;
-      similarity_ = similarity;
+      matched_ = matched;
+      total_ = total;
     }
   }
 
@@ -102,7 +90,50 @@ class Best {
  private:
   const Text* name_ = nullptr;
   std::u32string_view code_points_;
-  double similarity_ = 0;
+  std::size_t matched_ = 3;  ///< of `total_`: what is good enough while there is none
+  std::size_t total_ = 10;
+  static_assert(2 * 3 / 10.0 == NEAR_NAME_CUTOFF);
+};
+
+class Search {
+ public:
+  Search(std::string_view name, const NearCandidates& candidates, std::pmr::memory_resource* memory)
+      : candidates_(candidates), word_(name, memory), blocks_(word_.view(), memory) {}
+
+  /// The candidates nearest to the word in size come first: the better the best is, the fewer are looked at closely.
+  [[nodiscard]] const Text* nearest() {
+    const auto [shorter, others] = candidates_.split_at(word_.size());
+    for (auto candidate = others.begin(); candidate != others.end() && size_allows(*candidate); ++candidate) {
+      consider(*candidate);
+    }
+    for (auto candidate = shorter.rbegin(); candidate != shorter.rend() && size_allows(*candidate); ++candidate) {
+      consider(*candidate);
+    }
+    return best_.name();
+  }
+
+ private:
+  using Candidate = NearCandidates::Candidate;
+
+  [[nodiscard]] bool size_allows(const Candidate& candidate) const noexcept {
+    return best_.can_be(std::min(candidate.size, word_.size()), candidate.size + word_.size());
+  }
+
+  void consider(const Candidate& candidate) {
+    const std::size_t total = candidate.size + word_.size();
+    if (!best_.can_be(word_.class_bound(candidate), total)) {
+      return;
+    }
+    const std::u32string_view code_points = candidates_.code_points(candidate);
+    if (best_.can_be(word_.order_bound(code_points), total)) {
+      best_.offer(candidate, code_points, blocks_.matched(code_points), total);
+    }
+  }
+
+  const NearCandidates& candidates_;
+  Word word_;
+  MatchingBlocks blocks_;
+  Best best_;
 };
 
 }  // namespace
@@ -110,22 +141,7 @@ class Best {
 const Text* _nearest(std::string_view name, const NearCandidates& candidates) {
   SearchMemory room;
   std::pmr::monotonic_buffer_resource memory(room.data(), room.size());
-  const Word word(name, &memory);
-  MatchingBlocks blocks(word.view(), &memory);
-  Best best;
-  for (const NearCandidates::Candidate& candidate : candidates.all()) {
-    const std::size_t total = candidate.size + word.size();
-    const std::size_t shorter = std::min(candidate.size, word.size());
-    // The cutoff in integers: no division for the many names that are much longer or much shorter than the word.
-    if (10 * shorter < 3 * total || !best.can_be(shorter, total) || !best.can_be(word.count_bound(candidate), total)) {
-      continue;
-    }
-    const std::u32string_view code_points = candidates.code_points(candidate);
-    if (best.can_be(word.order_bound(code_points), total)) {
-      best.offer(candidate, code_points, ratio(blocks.matched(code_points), total));
-    }
-  }
-  return best.name();
+  return Search(name, candidates, &memory).nearest();
 }
 
 }  // namespace tool_binding

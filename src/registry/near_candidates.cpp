@@ -1,18 +1,40 @@
 // SPDX-License-Identifier: MIT
 #include "registry/near_candidates.hpp"
 
+#include <algorithm>
+#include <bit>
+
 #include "text/code_points.hpp"
 
 namespace tool_binding::detail {
+
+ClassSet::ClassSet(std::u32string_view name) noexcept {
+  for (const char32_t character : name) {
+    const std::uint64_t member = std::uint64_t{1} << class_of(character);
+    repeats += (members & member) == 0 ? 0 : 1;
+    members |= member;
+  }
+}
+
+std::size_t ClassSet::in_common(const ClassSet& other) const noexcept {
+  return static_cast<std::size_t>(std::popcount(members & other.members)) + std::min(repeats, other.repeats);
+}
 
 NearCandidates::NearCandidates(const std::vector<Text>& names) {
   candidates_.reserve(names.size());
   for (const Text& name : names) {
     const std::u32string decoded = text::decode(name);
-    const bool counted = decoded.size() <= ClassCounts::longest_name;
-    candidates_.push_back({name, code_points_.size(), decoded.size(), counted ? ClassCounts(decoded) : ClassCounts()});
+    candidates_.push_back({name, code_points_.size(), decoded.size(), ClassSet(decoded)});
     code_points_ += decoded;
   }
+  std::stable_sort(candidates_.begin(), candidates_.end(),
+                   [](const Candidate& left, const Candidate& right) { return left.size < right.size; });
+}
+
+NearCandidates::Halves NearCandidates::split_at(std::size_t size) const noexcept {
+  const auto first = std::partition_point(candidates_.begin(), candidates_.end(),
+                                          [&](const Candidate& candidate) { return candidate.size < size; });
+  return {{candidates_.begin(), first}, {first, candidates_.end()}};
 }
 
 }  // namespace tool_binding::detail

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,31 +12,21 @@
 
 namespace tool_binding::detail {
 
-/// How often characters occur in a short name, counted by class: characters that are alike in their low bits share one.
-/// What two names have in common by class is never less than what they have in common by character.
-class ClassCounts {
- public:
-  /// Names longer than this have no counts: one of them could not be held.
-  static constexpr std::size_t longest_name = 255;
+/// Characters that are alike in their low bits share a class: what two names have in common by class is never less than
+/// what they have in common by character.
+inline constexpr std::size_t character_classes = 64;
+[[nodiscard]] constexpr std::size_t class_of(char32_t character) noexcept { return character % character_classes; }
 
-  ClassCounts() = default;
-  explicit ClassCounts(std::u32string_view name) noexcept {
-    for (const char32_t character : name) {
-      ++counts_[character % counts_.size()];
-    }
-  }
+/// The classes of a name's characters.
+struct ClassSet {
+  std::uint64_t members = 0;
+  std::size_t repeats = 0;  ///< how many characters are of a class that an earlier one is of
 
-  /// The sum of the smaller counts.
-  [[nodiscard]] std::size_t in_common(const ClassCounts& other) const noexcept {
-    std::size_t sum = 0;
-    for (std::size_t place = 0; place < counts_.size(); ++place) {
-      sum += std::min(counts_[place], other.counts_[place]);
-    }
-    return sum;
-  }
+  ClassSet() = default;
+  explicit ClassSet(std::u32string_view name) noexcept;
 
- private:
-  std::array<std::uint8_t, 32> counts_ = {};
+  /// No less than the characters that the two names can have in common, whatever their order.
+  [[nodiscard]] std::size_t in_common(const ClassSet& other) const noexcept;
 };
 
 /// The names that a near-name search can suggest, with what of the search does not depend on the word.
@@ -45,15 +34,20 @@ class NearCandidates {
  public:
   struct Candidate {
     Text name;
-    std::size_t begin;   ///< of its code points among all
-    std::size_t size;    ///< in code points
-    ClassCounts counts;  ///< of a name no longer than ClassCounts::longest_name
+    std::size_t begin;  ///< of its code points among all
+    std::size_t size;   ///< in code points
+    ClassSet classes;
   };
 
-  /// The names in the order in which they are searched; one that stands twice changes nothing.
+  /// One that stands twice changes nothing.
   explicit NearCandidates(const std::vector<Text>& names);
 
-  [[nodiscard]] const std::vector<Candidate>& all() const noexcept { return candidates_; }
+  /// Those of fewer than `size` code points, and the others; in both the shorter stand before the longer.
+  struct Halves {
+    std::span<const Candidate> shorter, others;
+  };
+  [[nodiscard]] Halves split_at(std::size_t size) const noexcept;
+
   [[nodiscard]] std::u32string_view code_points(const Candidate& candidate) const noexcept {
     return std::u32string_view(code_points_).substr(candidate.begin, candidate.size);
   }
