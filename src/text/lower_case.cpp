@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
 
 #include "text/code_points.hpp"
@@ -82,23 +83,31 @@ std::string lower_any(std::string_view text) {
 }
 
 Text lower_ascii(std::string_view text) {
-  std::array<char, detail::inline_text_size> inline_bytes;
-  if (text.size() <= inline_bytes.size()) {
-    std::transform(text.begin(), text.end(), inline_bytes.begin(), ascii_lower);
-    return Text(std::string_view(inline_bytes.data(), text.size()));
-  }
   std::string bytes(text.size(), '\0');
   std::transform(text.begin(), text.end(), bytes.begin(), ascii_lower);
   return Text(bytes);
 }
 
+/// The lower case of a text that stands in its cell, nothing where it is not all ASCII.
+std::optional<Text> lower_short(std::string_view text) noexcept {
+  std::array<char, detail::inline_text_size> bytes;
+  bool all_ascii = true;
+  for (std::size_t place = 0; place < text.size(); ++place) {
+    bytes[place] = ascii_lower(text[place]);
+    all_ascii = all_ascii && is_ascii(text[place]);
+  }
+  return all_ascii ? std::optional<Text>(std::string_view(bytes.data(), text.size())) : std::nullopt;
+}
+
 }  // namespace
 
 Text lower_case(std::string_view text) {
-  if (!std::all_of(text.begin(), text.end(), is_ascii)) {
-    return Text(lower_any(text));
+  if (text.size() <= detail::inline_text_size) {
+    if (std::optional<Text> lower = lower_short(text)) {
+      return *lower;
+    }
   }
-  return std::any_of(text.begin(), text.end(), is_ascii_upper) ? lower_ascii(text) : Text(text);
+  return std::all_of(text.begin(), text.end(), is_ascii) ? lower_ascii(text) : Text(lower_any(text));
 }
 
 }  // namespace tool_binding::text

@@ -17,8 +17,7 @@ std::string_view strip_start(std::string_view text) noexcept {
   return text;
 }
 
-std::string_view strip(std::string_view text) noexcept {
-  text = strip_start(text);
+std::string_view strip_end(std::string_view text) noexcept {
   while (!text.empty()) {
     const CodePoint last = last_code_point(text);
     if (!is_white_space(last.value)) {
