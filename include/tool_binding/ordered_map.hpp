@@ -9,9 +9,10 @@
 #include <map>
 #include <memory>
 #include <string_view>
+#include <type_traits>
 #include <utility>
-#include <vector>
 
+#include "tool_binding/detail/entry_row.hpp"
 #include "tool_binding/text.hpp"
 
 #pragma GCC visibility push(default)
@@ -31,9 +32,11 @@ struct MapEntry {
   /// The entry of a map to other values, of which `Mapped` can be made.
   template <class Other>
   MapEntry(const MapEntry<Other>& other)  // NOLINT(google-explicit-constructor)
+      noexcept(std::is_nothrow_constructible_v<Mapped, const Other&>)
       : name(other.name), value(other.value) {}
   template <class Other>
   MapEntry(MapEntry<Other>&& other)  // NOLINT(google-explicit-constructor)
+      noexcept(std::is_nothrow_constructible_v<Mapped, Other&&>)
       : name(std::move(other.name)), value(std::move(other.value)) {}
 
   friend bool operator==(const MapEntry&, const MapEntry&) = default;
@@ -49,7 +52,7 @@ template <class Mapped>
 class OrderedMap {
  public:
   using Entry = MapEntry<Mapped>;
-  using const_iterator = typename std::vector<Entry>::const_iterator;
+  using const_iterator = const Entry*;
 
   static constexpr std::size_t searched_in_a_row = 16;
 
@@ -61,17 +64,12 @@ class OrderedMap {
     }
   }
 
-  /// The entries of a map to other values, of which `Mapped` can be made, with room for `more` entries.
+  /// The entries of a map, to values of which `Mapped` can be made, with room for `more` entries. A map that is given
+  /// away keeps the room that it has, and loses its entries.
   template <class Other>
-  OrderedMap(const OrderedMap<Other>& other, std::size_t more) {
-    reserve(other.size() + more);
-    entries_.insert(entries_.end(), other.begin(), other.end());
-  }
+  OrderedMap(const OrderedMap<Other>& other, std::size_t more) : entries_(other.entries_, more) {}
   template <class Other>
-  OrderedMap(OrderedMap<Other>&& other, std::size_t more) {
-    reserve(other.size() + more);
-    entries_.insert(entries_.end(), std::make_move_iterator(other.entries_.begin()),
-                    std::make_move_iterator(other.entries_.end()));
+  explicit OrderedMap(OrderedMap<Other>&& other) noexcept : entries_(std::move(other.entries_)) {
     other = {};
   }
 
@@ -110,8 +108,11 @@ class OrderedMap {
   /// Replaces the value of the entry at `place`. Precondition: `place` is below `size()`.
   void replace_at(std::size_t place, Mapped value) { entries_[place].value = std::move(value); }
 
-  /// Takes the value of the entry at `place` out; what is left there is what moving leaves. Precondition: as above.
-  [[nodiscard]] Mapped take_at(std::size_t place) { return std::move(entries_[place].value); }
+  /// Exchanges the value of the entry at `place` with one of another map's. Precondition: both entries are there.
+  void swap_at(std::size_t place, OrderedMap& other, std::size_t other_place) noexcept {
+    using std::swap;
+    swap(entries_[place].value, other.entries_[other_place].value);
+  }
 
   /// The value under `name`, null when there is none. The pointer lives until the map is changed.
   [[nodiscard]] const Mapped* find(const Text& name) const {
@@ -123,8 +124,11 @@ class OrderedMap {
   /// The place of the entry of that name, `size()` when there is none: found one by one in any map, for the few
   /// searches that do not pay for an index.
   [[nodiscard]] std::size_t place_in_a_row(const Text& name) const noexcept {
-    const auto found = std::find_if(begin(), end(), [&](const Entry& entry) { return name == entry.name; });
-    return static_cast<std::size_t>(found - begin());
+    std::size_t place = 0;
+    while (place != size() && name != entries_[place].name) {
+      ++place;
+    }
+    return place;
   }
 
   [[nodiscard]] std::size_t size() const noexcept { return entries_.size(); }
@@ -134,7 +138,9 @@ class OrderedMap {
   [[nodiscard]] const_iterator end() const noexcept { return entries_.end(); }
 
   /// Equal when both hold equal entries in the same order.
-  friend bool operator==(const OrderedMap& left, const OrderedMap& right) { return left.entries_ == right.entries_; }
+  friend bool operator==(const OrderedMap& left, const OrderedMap& right) {
+    return std::equal(left.begin(), left.end(), right.begin(), right.end());
+  }
 
  private:
   using Index = std::map<Text, std::size_t>;
@@ -157,7 +163,7 @@ class OrderedMap {
     return index;
   }
 
-  void add_last_to_index() {
+  [[gnu::noinline]] void add_last_to_index() {
     try {
       index_.load(std::memory_order_relaxed)->emplace(entries_.back().name, entries_.size() - 1);
     } catch (...) {
@@ -182,7 +188,7 @@ class OrderedMap {
     return *expected;
   }
 
-  std::vector<Entry> entries_;
+  detail::EntryRow<Entry> entries_;
   mutable std::atomic<Index*> index_{nullptr};
 };
 

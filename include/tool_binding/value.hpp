@@ -118,6 +118,8 @@ class Value {
   /// Throws std::bad_alloc when no memory is left for the comparison of nested values.
   friend bool operator==(const Value& left, const Value& right);
 
+  friend void swap(Value& left, Value& right) noexcept { left.cell_.swap(right.cell_); }
+
  private:
   friend class KeywordArgument;
   friend struct detail::NodeAccess;

@@ -9,15 +9,18 @@ namespace tool_binding {
 
 namespace {
 
+/// How many context items a bound map has room for, so that most keywords stand where the bound arguments stood.
+constexpr std::size_t room_for_context = 4;
+
 /// The tool's defaults, overwritten by what the request gives: presence decides, a null that is given is bound.
-/// `value_at(place)` gives a value of the arguments.
-template <class ValueAt>
-ArgumentMap _bound(const ToolSpec& tool, const ArgumentMap& arguments, const ValueAt& value_at) {
+/// `give(bound, slot, place)` gives a slot of the bound map the value at a place of the arguments.
+template <class Give>
+ArgumentMap _bound(const ToolSpec& tool, const ArgumentMap& arguments, const Give& give) {
   const detail::PreparedTool& prepared = tool.prepared();
-  ArgumentMap bound = prepared.bound_defaults;
+  ArgumentMap bound(prepared.bound_defaults, room_for_context);
   for (std::size_t place = 0; place < arguments.size(); ++place) {
     if (const std::uint32_t slot = prepared.slots.find(arguments[place].name); slot != detail::NameIndex::absent) {
-      bound.replace_at(slot, value_at(place));
+      give(bound, slot, place);
     }
   }
   if (prepared.binds_action) {
@@ -40,11 +43,15 @@ ArgumentMap bind_arguments(std::string_view tool, ArgumentMap&& arguments) {
 }
 
 ArgumentMap bind_arguments(const ToolSpec& tool, const ArgumentMap& arguments) {
-  return _bound(tool, arguments, [&](std::size_t place) { return arguments[place].value; });
+  return _bound(tool, arguments, [&](ArgumentMap& bound, std::uint32_t slot, std::size_t place) {
+    bound.replace_at(slot, arguments[place].value);
+  });
 }
 
 ArgumentMap bind_arguments(const ToolSpec& tool, ArgumentMap&& arguments) {
-  return _bound(tool, arguments, [&](std::size_t place) { return arguments.take_at(place); });
+  return _bound(tool, arguments, [&](ArgumentMap& bound, std::uint32_t slot, std::size_t place) {
+    bound.swap_at(slot, arguments, place);
+  });
 }
 
 }  // namespace tool_binding

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <algorithm>
-#include <optional>
 #include <utility>
+#include <vector>
 
 #include "tool_binding/tool_binding.hpp"
 
@@ -9,34 +8,31 @@ namespace tool_binding {
 
 namespace {
 
-/// The names of a handler's declared parameters that are keywords.
-class ParameterNames {
- public:
-  explicit ParameterNames(const std::vector<Parameter>& parameters) noexcept : parameters_(parameters) {}
+using Parameters = std::vector<Parameter>;
 
-  [[nodiscard]] bool contain(const Text& name) const noexcept {
-    return std::any_of(parameters_.begin(), parameters_.end(), [&](const Parameter& parameter) {
-      return name == parameter.name && parameter.kind == Parameter::Kind::NAMED;
-    });
+bool _takes_any_keyword(const Parameters& parameters) noexcept {
+  for (const Parameter& parameter : parameters) {
+    if (parameter.kind == Parameter::Kind::VAR_KEYWORD) {
+      return true;
+    }
   }
+  return false;
+}
 
- private:
-  const std::vector<Parameter>& parameters_;
-};
-
-/// The names that `handler` takes, none when it takes any keyword.
-std::optional<ParameterNames> _parameter_names(const Handler& handler) noexcept {
-  const std::vector<Parameter>& parameters = handler.signature.parameters;
-  const bool takes_any = std::any_of(parameters.begin(), parameters.end(), [](const Parameter& parameter) {
-    return parameter.kind == Parameter::Kind::VAR_KEYWORD;
-  });
-  return takes_any ? std::nullopt : std::optional<ParameterNames>(parameters);
+bool _names(const Parameters& parameters, const Text& keyword) noexcept {
+  for (const Parameter& parameter : parameters) {
+    if (keyword == parameter.name && parameter.kind == Parameter::Kind::NAMED) {
+      return true;
+    }
+  }
+  return false;
 }
 
 void _add_context(KeywordArguments& keywords, const Handler& handler, const KeywordArguments& context) {
-  const std::optional<ParameterNames> takes = _parameter_names(handler);
+  const Parameters& parameters = handler.signature.parameters;
+  const bool takes_any = _takes_any_keyword(parameters);
   for (const auto& [name, item] : context) {
-    if (takes && !takes->contain(name)) {
+    if (!takes_any && !_names(parameters, name)) {
       continue;
     }
     if (const std::size_t place = keywords.place_in_a_row(name); place != keywords.size()) {
@@ -56,7 +52,7 @@ KeywordArguments handler_kwargs(const Handler& handler, const ArgumentMap& bound
 }
 
 KeywordArguments handler_kwargs(const Handler& handler, ArgumentMap&& bound, const KeywordArguments& context) {
-  KeywordArguments keywords(std::move(bound), context.size());
+  KeywordArguments keywords(std::move(bound));
   _add_context(keywords, handler, context);
   return keywords;
 }

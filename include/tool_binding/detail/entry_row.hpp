@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+namespace tool_binding::detail {
+
+/// The entries of a map, in one block of the heap. A row differs from a vector in two promises: moving an entry never
+/// fails, and a row of one type of entry becomes a row of another in the same block.
+template <class Entry>
+class EntryRow {
+ public:
+  EntryRow() noexcept = default;
+
+  /// The entries of `other`, of which this row's can be made, with room for `more`.
+  template <class Other>
+  EntryRow(const EntryRow<Other>& other, std::size_t more)
+      : entries_(room_for(other.size_ + more)), size_(other.size_), capacity_(other.size_ + more) {
+    static_assert(std::is_nothrow_constructible_v<Entry, const Other&>);
+    std::uninitialized_copy_n(other.entries_, size_, entries_);
+  }
+  EntryRow(const EntryRow& other) : EntryRow(other, 0) {}
+  EntryRow(EntryRow&& other) noexcept { swap(other); }
+
+  /// The entries of `other`, each made into one of this row's in its place.
+  template <class Other>
+  explicit EntryRow(EntryRow<Other>&& other) noexcept {
+    static_assert(sizeof(Entry) == sizeof(Other) && std::is_nothrow_constructible_v<Entry, Other&&>);
+    auto* const block = static_cast<void*>(other.entries_);
+    for (std::size_t place = 0; place < other.size_; ++place) {
+      move_into(static_cast<Entry*>(block) + place, other.entries_ + place);
+    }
+    entries_ = static_cast<Entry*>(block);
+    size_ = std::exchange(other.size_, 0);
+    capacity_ = std::exchange(other.capacity_, 0);
+    other.entries_ = nullptr;
+  }
+
+  EntryRow& operator=(EntryRow other) noexcept {
+    swap(other);
+    return *this;
+  }
+  ~EntryRow() {
+    std::destroy_n(entries_, size_);
+    give_back();
+  }
+
+  void swap(EntryRow& other) noexcept {
+    std::swap(entries_, other.entries_);
+    std::swap(size_, other.size_);
+    std::swap(capacity_, other.capacity_);
+  }
+
+  void reserve(std::size_t count) {
+    if (count > capacity_) {
+      grow(count);
+    }
+  }
+
+  template <class... Parts>
+  void emplace_back(Parts&&... parts) {
+    if (size_ == capacity_) {
+      grow(std::max(fewest, 2 * size_));
+    }
+    ::new (static_cast<void*>(end())) Entry(std::forward<Parts>(parts)...);
+    ++size_;
+  }
+  void pop_back() noexcept { std::destroy_at(entries_ + --size_); }
+
+  [[nodiscard]] std::size_t size() const noexcept { return size_; }
+  [[nodiscard]] bool empty() const noexcept { return size_ == 0; }
+  [[nodiscard]] Entry& operator[](std::size_t place) noexcept { return entries_[place]; }
+  [[nodiscard]] const Entry& operator[](std::size_t place) const noexcept { return entries_[place]; }
+  [[nodiscard]] Entry& back() noexcept { return entries_[size_ - 1]; }
+  [[nodiscard]] Entry* begin() noexcept { return entries_; }
+  [[nodiscard]] Entry* end() noexcept { return entries_ + size_; }
+  [[nodiscard]] const Entry* begin() const noexcept { return entries_; }
+  [[nodiscard]] const Entry* end() const noexcept { return entries_ + size_; }
+
+ private:
+  template <class Other>
+  friend class EntryRow;
+  static constexpr std::size_t fewest = 4;
+
+  /// Moves an entry into room that may be its own, and ends it.
+  template <class Other>
+  static void move_into(Entry* room, Other* entry) noexcept {
+    Other moved(std::move(*entry));
+    std::destroy_at(entry);
+    ::new (static_cast<void*>(room)) Entry(std::move(moved));
+  }
+
+  // Not inline: the ordinary way is to append where there is room.
+  [[gnu::noinline]] void grow(std::size_t capacity) {
+    static_assert(std::is_nothrow_move_constructible_v<Entry>);
+    Entry* const roomier = room_for(capacity);
+    for (std::size_t place = 0; place < size_; ++place) {
+      move_into(roomier + place, entries_ + place);
+    }
+    give_back();
+    entries_ = roomier;
+    capacity_ = capacity;
+  }
+
+  static Entry* room_for(std::size_t capacity) {
+    return capacity == 0 ? nullptr : static_cast<Entry*>(::operator new(capacity * sizeof(Entry)));
+  }
+  void give_back() noexcept {
+    if (entries_ != nullptr) {
+      ::operator delete(static_cast<void*>(entries_), capacity_ * sizeof(Entry));
+    }
+  }
+
+  Entry* entries_ = nullptr;
+  std::size_t size_ = 0;
+  std::size_t capacity_ = 0;
+};
+
+}  // namespace tool_binding::detail
