@@ -83,10 +83,11 @@ static_assert(sizeof(Text) == 16);
 
 /// A text on its way from one owner to the next, past code that must not have to clean up.
 struct detail::LooseText {
-  LooseCell cell;
+  LooseCell cell = Cell(Tag::empty_text).loosen();
 
   LooseText() = default;
   explicit LooseText(Text text) noexcept : cell(text.cell_.loosen()) {}
+  [[nodiscard]] bool empty() const noexcept { return Tag(cell.high >> 56U) == Tag::empty_text; }
   [[nodiscard]] Text take() const noexcept { return Text(cell); }
 };
 

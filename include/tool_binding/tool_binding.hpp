@@ -23,6 +23,8 @@
 /// from any number of threads at once. Where a tool is given by name, KeyError says that `TOOLS` holds no such tool.
 namespace tool_binding {
 
+class Normalizing;
+
 /// An admitted request: its arguments as the tool's handler takes them, and what was changed to get there. Immutable;
 /// may be moved from as a whole.
 class NormalizedArguments {
@@ -45,15 +47,35 @@ class NormalizedArguments {
   friend bool operator==(const NormalizedArguments&, const NormalizedArguments&) = default;
 
  private:
+  friend class Normalizing;
+
   ArgumentMap arguments_;
   std::vector<std::string> notes_;
   bool alias_hit_;
 };
 
+namespace detail {
+
+/// Admits one request into `admitted`, which holds nothing yet. Returns the refusal, empty for a request that is
+/// admitted.
+[[nodiscard]] LooseText admit(const ToolSpec& tool, const ArgumentMap& arguments, NormalizedArguments& admitted);
+
+}  // namespace detail
+
 /// Admits one request. Throws ArgumentError with every problem of the request; KeyError also for a parameter whose type
 /// word is none of the five, and std::overflow_error for a number that no double can hold.
-[[nodiscard]] NormalizedArguments normalize_arguments(std::string_view tool, const ArgumentMap& arguments);
-[[nodiscard]] NormalizedArguments normalize_arguments(const ToolSpec& tool, const ArgumentMap& arguments);
+[[nodiscard]] inline NormalizedArguments normalize_arguments(const ToolSpec& tool, const ArgumentMap& arguments) {
+  NormalizedArguments admitted{ArgumentMap()};
+  const detail::LooseText refusal = detail::admit(tool, arguments, admitted);
+  if (!refusal.empty()) {
+    // Thrown from the caller's own frame: what an error costs is the frames that it passes.
+    throw ArgumentError(refusal.take());
+  }
+  return admitted;
+}
+[[nodiscard]] inline NormalizedArguments normalize_arguments(std::string_view tool, const ArgumentMap& arguments) {
+  return normalize_arguments(TOOLS[tool], arguments);
+}
 
 /// The refusal of a call that runs `action` (none: no action) and does not give what it needs, null when nothing is
 /// missing. `arguments` stand under declared names; blank text and empty lists count as not given.

@@ -50,7 +50,7 @@ void Normalizing::_take_action(const Value& value) {
 std::optional<Text> Normalizing::_action() {
   const bool has_slot = prepared.action_slot != detail::NameIndex::absent;
   if (has_slot && slots[prepared.action_slot].stored()) {
-    return plain_form(arguments[slots[prepared.action_slot].place - 1].value);
+    return plain_form(arguments[slots[prepared.action_slot].place_stored()].value);
   }
   if (_action_refused) {
     return std::nullopt;

@@ -125,6 +125,9 @@ const Value* Normalizing::_coerced(const Param& param, const Value& value) {
 
 /// A value of the parameter's type, matched with its enumeration or brought within its bounds.
 const Value* Normalizing::_within(const Param& param, const Value& coerced) {
+  if (param.as_it_is.takes(coerced)) {
+    return &coerced;
+  }
   if (param.type != TypeWord::array) {
     return param.lowered_enum.empty() ? _bounded(param, coerced) : _enum_value(param, coerced);
   }

@@ -17,13 +17,6 @@ namespace {
 
 /// The declared value that `value` names, null when it names none.
 const Text* named_value(const detail::PreparedParam& param, const Value& value) {
-  if (param.enum_names_itself) {
-    for (std::size_t place = 0; place < param.lowered_enum.size(); ++place) {
-      if (value.is(param.lowered_enum[place])) {
-        return &param.spec->enum_[place];
-      }
-    }
-  }
   const Text key = text::lower_case(text::strip(plain_form(value)));
   const auto found = std::find(param.lowered_enum.begin(), param.lowered_enum.end(), key);
   return found == param.lowered_enum.end() ? nullptr
@@ -31,7 +24,7 @@ const Text* named_value(const detail::PreparedParam& param, const Value& value) 
 }
 
 /// Order by exact numeric value. Throws TypeError for a bound that is no number: a fault of the registry.
-std::partial_ordering compare_unlike(const Value& value, const Value& bound) {
+std::partial_ordering compare_numbers(const Value& value, const Value& bound) {
   if (!bound.is_integer() && !bound.is_floating()) {
     throw TypeError("a bound is an integer or a floating number");
   }
@@ -39,16 +32,6 @@ std::partial_ordering compare_unlike(const Value& value, const Value& bound) {
     return bound.is_integer() ? value.integer() <=> bound.integer() : value.integer().compare(bound.floating());
   }
   return bound.is_integer() ? 0 <=> bound.integer().compare(value.floating()) : value.floating() <=> bound.floating();
-}
-
-std::partial_ordering compare_numbers(const Value& value, const Value& bound) {
-  if (const auto small = value.to_int64(), small_bound = bound.to_int64(); small && small_bound) {
-    return *small <=> *small_bound;
-  }
-  if (value.is_floating() && bound.is_floating()) {
-    return value.floating() <=> bound.floating();
-  }
-  return compare_unlike(value, bound);
 }
 
 Value as_integer(const Value& bound) {
@@ -99,7 +82,7 @@ const Value* Normalizing::_bounded(const Param& param, const Value& value) {
   if (!value.is_integer() && !value.is_floating()) {
     return &value;
   }
-  const auto& [minimum, maximum] = std::tie(param.minimum, param.maximum);
+  const auto& [minimum, maximum] = std::tie(param.spec->minimum, param.spec->maximum);
   const bool below = !minimum.is_null() && compare_numbers(value, minimum) < 0;
   const bool above = !below && !maximum.is_null() && compare_numbers(value, maximum) > 0;
   if (!below && !above) {

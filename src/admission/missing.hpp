@@ -24,18 +24,28 @@ namespace tool_binding {
   return !value.is_null() && !(value.is_list() && value.list().empty());
 }
 
+/// Whether a call that runs `action` needs the parameter; null stands for a call that runs none.
+[[nodiscard]] inline bool _needed(const ParamSpec& param, const Text* action) noexcept {
+  if (action != nullptr) {
+    for (const Text& needing : param.required_for) {
+      if (*action == needing) {
+        return true;
+      }
+    }
+  }
+  return param.required;
+}
+
 /// Words the problem of one missing parameter.
-void _append_missing(std::string& problem, const ToolSpec& spec, std::optional<std::string_view> action,
-                     const ParamSpec& param);
+void _append_missing(std::string& problem, const ToolSpec& spec, const Text* action, const ParamSpec& param);
 
 /// Adds a problem for each parameter that a call of `action` needs and that the arguments do not give, in the
 /// registry's order. `value_of(param)` points to a parameter's value in the arguments, or is null where they hold none.
 template <class ValueOf>
-void _missing(const ToolSpec& spec, std::optional<std::string_view> action, const ValueOf& value_of,
-              Problems& problems) {
+void _missing(const ToolSpec& spec, const Text* action, const ValueOf& value_of, Problems& problems) {
   for (const std::uint32_t place : spec.prepared().needed) {
     const detail::PreparedParam& param = spec.prepared().params[place];
-    if (!param.spec->required_by(action)) {
+    if (!_needed(*param.spec, action)) {
       continue;
     }
     const Value* const value = value_of(param);

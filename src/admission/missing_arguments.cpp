@@ -7,15 +7,15 @@ namespace tool_binding {
 std::optional<std::string> missing_arguments(std::string_view tool, std::optional<std::string_view> action,
                                              const ArgumentMap& arguments) {
   const auto value_of = [&](const detail::PreparedParam& param) { return arguments.find(param.spec->name); };
+  const Text named(action.value_or(""));
   Problems problems;
-  _missing(TOOLS[tool], action, value_of, problems);
+  _missing(TOOLS[tool], action ? &named : nullptr, value_of, problems);
   return problems.empty() ? std::nullopt : std::optional<std::string>(problems.joined());
 }
 
-void _append_missing(std::string& problem, const ToolSpec& spec, std::optional<std::string_view> action,
-                     const ParamSpec& param) {
+void _append_missing(std::string& problem, const ToolSpec& spec, const Text* action, const ParamSpec& param) {
   problem.append(spec.name());
-  if (action && !action->empty()) {
+  if (action != nullptr && !action->empty()) {
     problem.append(" '").append(*action).append("'");
   }
   problem.append(" needs '").append(param.name).append("'");

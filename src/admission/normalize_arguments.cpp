@@ -9,60 +9,67 @@
 
 namespace tool_binding {
 
-NormalizedArguments normalize_arguments(std::string_view tool, const ArgumentMap& arguments) {
-  return normalize_arguments(TOOLS[tool], arguments);
-}
-
-NormalizedArguments normalize_arguments(const ToolSpec& tool, const ArgumentMap& arguments) {
-  // The state is gone before the error is thrown: an error costs by what it has to clean up on its way out.
-  detail::LooseText refusal;
-  {
-    Normalizing state(tool, arguments.size());
-    for (const auto& [name, value] : arguments) {
-      state.take(name, value);
-    }
-    if (state.admits()) {
-      return state.result();
-    }
-    refusal = detail::LooseText(state.refusal());
+detail::LooseText detail::admit(const ToolSpec& tool, const ArgumentMap& arguments, NormalizedArguments& admitted) {
+  Normalizing state(tool, arguments.size(), admitted);
+  for (const auto& [name, value] : arguments) {
+    state.take(name, value);
   }
-  throw ArgumentError(refusal.take());
+  return LooseText(state.refusal());
 }
 
-Normalizing::Normalizing(const ToolSpec& tool, std::size_t argument_count)
-    : spec(tool), prepared(tool.prepared()), slots(prepared.bound_defaults.size()) {
+inline Normalizing::Normalizing(const ToolSpec& tool, std::size_t argument_count, NormalizedArguments& admitted)
+    : spec(tool),
+      prepared(tool.prepared()),
+      arguments(admitted.arguments_),
+      notes(admitted.notes_),
+      alias_hit(admitted.alias_hit_),
+      slots(prepared.bound_defaults.size()) {
   arguments.reserve(std::min(argument_count + 1, prepared.bound_defaults.size()));
 }
 
-void Normalizing::take(const Text& name, const Value& value) {
+inline void Normalizing::take(const Text& name, const Value& value) {
   if (value.is_null()) {
     return;
   }
-  const Param* const param = prepared.param(name);
-  if (param != nullptr && name == param->spec->name && !param->is_reserved) {
-    _take_named(*param, value);
-  } else if (name == ACTION_PARAM) {
+  const std::uint32_t slot = prepared.slots.find(name);
+  if (slot == detail::NameIndex::absent || prepared.named_params[slot] == nullptr) {
+    _take_unnamed(name, value);
+    return;
+  }
+  const Param& param = *prepared.named_params[slot];
+  if (_is_blank(param, value)) {
+    return;
+  }
+  slots[slot].name();
+  if (param.as_it_is.takes(value)) {
+    _store(slot, value);
+  } else {
+    _take_value(param, value);
+  }
+}
+
+/// Whether `value` is blank text that leaves the parameter out.
+inline bool Normalizing::_is_blank(const Param& param, const Value& value) {
+  return value.is_text() && text::is_blank(value.text()) && !param.spec->blank_is_value;
+}
+
+/// Takes an argument that stands under no parameter's declared name.
+void Normalizing::_take_unnamed(const Text& name, const Value& value) {
+  if (name == ACTION_PARAM) {
     _take_action(value);
   } else if (!is_routing_param(name)) {
+    const Param* const param = prepared.param(name);
     param == nullptr ? _unknown_parameter(problems.add(), name) : _take_synonym(name, *param, value);
   }
 }
 
-void Normalizing::_take_named(const Param& param, const Value& value) {
-  if (value.is_text() && !_given(*param.spec, value)) {
-    return;
-  }
-  slots[param.slot].named = true;
-  _take_value(param, value);
-}
-
 /// A synonym's value is taken only while its parameter has none.
 void Normalizing::_take_synonym(const Text& name, const Param& param, const Value& value) {
-  if (value.is_text() && !_given(*param.spec, value)) {
+  if (_is_blank(param, value)) {
     return;
   }
   alias_hit = true;
-  const bool given_too = slots[param.slot].named || slots[param.slot].stored();
+  const bool given_too = slots[param.slot].named() || slots[param.slot].stored();
   std::string& note = _add_note();
   note.append("'").append(name).append(given_too ? "' was left out: '" : "' was read as '");
   note.append(param.spec->name).append(given_too ? "' was given too" : "'");
@@ -72,19 +79,9 @@ void Normalizing::_take_synonym(const Text& name, const Param& param, const Valu
 }
 
 void Normalizing::_take_value(const Param& param, const Value& value) {
-  const bool as_it_is = param.takes_any && value.kind() == param.kind;
-  if (const Value* const taken = as_it_is ? &value : _coerced(param, value)) {
+  if (const Value* const taken = _coerced(param, value)) {
     _store(param.slot, *taken);
   }
-}
-
-void Normalizing::_store(std::uint32_t slot, const Value& value) {
-  if (slots[slot].stored()) {
-    arguments.replace_at(slots[slot].place - 1, value);
-    return;
-  }
-  arguments.append(prepared.bound_defaults[slot].name, value);
-  slots[slot].place = static_cast<std::uint32_t>(arguments.size());
 }
 
 /// Begins a note. The caller appends its words to the text that is returned.
@@ -94,25 +91,20 @@ std::string& Normalizing::_add_note() {
   return notes.back();
 }
 
-bool Normalizing::admits() {
+inline Text Normalizing::refusal() {
   const std::optional<Text> action = _action();
   if (action || spec.actions().empty()) {
-    _check_required(action);
+    _check_required(action ? &*action : nullptr);
   }
-  return problems.empty();
+  return problems.joined();
 }
 
-NormalizedArguments Normalizing::result() {
-  return NormalizedArguments(std::move(arguments), std::move(notes), alias_hit);
-}
-
-void Normalizing::_check_required(const std::optional<Text>& action) {
+inline void Normalizing::_check_required(const Text* action) {
   const auto value_of = [this](const Param& param) {
     const SlotState& state = slots[param.slot];
-    return state.stored() ? &arguments[state.place - 1].value : nullptr;
+    return state.stored() ? &arguments[state.place_stored()].value : nullptr;
   };
-  const auto name = action ? std::optional<std::string_view>(*action) : std::nullopt;
-  _missing(spec, name, value_of, problems);
+  _missing(spec, action, value_of, problems);
 }
 
 }  // namespace tool_binding

@@ -15,34 +15,38 @@
 namespace tool_binding {
 
 /// The state of one request's admission: what was taken, changed and found wrong. Lives for one call: every argument is
-/// handed to `take` once, in the request's order, and then `result` is asked once.
+/// handed to `take` once, in the request's order, and then `refusal` is asked once.
 class Normalizing {
  public:
-  /// A fresh state for a request of `argument_count` arguments. `tool` outlives the state.
-  Normalizing(const ToolSpec& tool, std::size_t argument_count);
+  /// A fresh state for a request of `argument_count` arguments. `tool` outlives the state, and so does `admitted`,
+  /// which holds nothing yet.
+  Normalizing(const ToolSpec& tool, std::size_t argument_count, NormalizedArguments& admitted);
 
   /// Takes one argument of the request.
   void take(const Text& name, const Value& value);
 
-  /// Settles the action and what it needs, once every argument is taken. Returns whether nothing was found wrong.
-  [[nodiscard]] bool admits();
-
-  /// The normalized arguments. Precondition: `admits()` was true.
-  [[nodiscard]] NormalizedArguments result();
-
-  /// Every problem of the request. Precondition: `admits()` was false.
-  [[nodiscard]] Text refusal() const { return problems.joined(); }
+  /// Settles the action and what it needs, once every argument is taken. Returns every problem of the request, an empty
+  /// text for one that is admitted.
+  [[nodiscard]] Text refusal();
 
  private:
   using Param = detail::PreparedParam;
 
   // normalize_arguments.cpp
-  void _take_named(const Param& param, const Value& value);
+  [[nodiscard]] static bool _is_blank(const Param& param, const Value& value);
+  void _take_unnamed(const Text& name, const Value& value);
   void _take_synonym(const Text& name, const Param& param, const Value& value);
   void _take_value(const Param& param, const Value& value);
-  void _store(std::uint32_t slot, const Value& value);
+  void _store(std::uint32_t slot, const Value& value) {
+    if (slots[slot].stored()) {
+      arguments.replace_at(slots[slot].place_stored(), value);
+    } else {
+      slots[slot].store_at(arguments.size());
+      arguments.append(prepared.bound_defaults[slot].name, value);
+    }
+  }
   [[nodiscard]] std::string& _add_note();
-  void _check_required(const std::optional<Text>& action);
+  void _check_required(const Text* action);
 
   // action.cpp
   void _take_action(const Value& value);
@@ -64,11 +68,11 @@ class Normalizing {
 
   const ToolSpec& spec;
   const detail::PreparedTool& prepared;
-  ArgumentMap arguments;
-  std::vector<std::string> notes;
+  ArgumentMap& arguments;
+  std::vector<std::string>& notes;
+  bool& alias_hit;
   Problems problems;
-  Value changed;  ///< what an argument was changed to, until it is stored
-  bool alias_hit = false;
+  Value changed;     ///< what an argument was changed to, until it is stored
   SlotStates slots;  ///< which declared names were given as such, and which stand in `arguments`
   bool _action_refused = false;
 };

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "admission/near_names.hpp"
 #include "admission/normalizing.hpp"
-#include "values/joined.hpp"
 
 namespace tool_binding {
 
@@ -18,9 +17,7 @@ void Normalizing::_unknown_parameter(std::string& problem, const Text& name) con
     problem.append(" It takes none.");
     return;
   }
-  problem.append(" It takes: ");
-  append_joined(problem, spec.param_names(), ", ");
-  problem.append(".");
+  problem.append(" It takes: ").append(prepared.joined_param_names).append(".");
 }
 
 }  // namespace tool_binding

@@ -7,7 +7,7 @@
 
 #include "registry/routing_params.hpp"
 #include "text/lower_case.hpp"
-#include "text/white_space.hpp"
+#include "values/joined.hpp"
 
 namespace tool_binding::detail {
 
@@ -96,36 +96,18 @@ NameIndex index_slots(const ArgumentMap& bound_defaults) {
   return slots;
 }
 
-/// An integer bound of floating numbers as a floating number, where that is the same number.
-Value comparable(const Value& bound, TypeWord type) {
-  constexpr std::int64_t every_integer_is_a_double = std::int64_t{1} << 53;
-  const auto small = bound.to_int64();
-  const bool exact = small && *small >= -every_integer_is_a_double && *small <= every_integer_is_a_double;
-  return type == TypeWord::number && exact ? Value(static_cast<double>(*small)) : bound;
-}
-
 PreparedParam prepare(const ParamSpec& param, const NameIndex& slots) {
   const TypeWordRow* const row = row_of(param.type);
   const TypeWord type = row == nullptr ? TypeWord::unknown : row->type;
+  const Kind kind = row == nullptr ? Kind::null : row->kind;
   const bool items_are_texts = type == TypeWord::array && param.items_type == Text("string");
-  PreparedParam prepared{&param,
-                         type,
-                         row == nullptr ? Kind::null : row->kind,
-                         items_are_texts,
-                         param.enum_.empty() && param.minimum.is_null() && param.maximum.is_null() && !items_are_texts,
-                         param.name == ACTION_PARAM || is_routing_param(param.name),
-                         slots.find(param.name),
-                         comparable(param.minimum, type),
-                         comparable(param.maximum, type),
-                         true,
-                         {}};
-  prepared.lowered_enum.reserve(param.enum_.size());
+  std::vector<Text> lowered_enum;
+  lowered_enum.reserve(param.enum_.size());
   for (const Text& value : param.enum_) {
-    Text lowered = text::lower_case(value);
-    prepared.enum_names_itself = prepared.enum_names_itself && text::lower_case(text::strip(lowered)) == lowered;
-    prepared.lowered_enum.push_back(std::move(lowered));
+    lowered_enum.push_back(text::lower_case(value));
   }
-  return prepared;
+  AsItIs as_it_is(param, kind, items_are_texts, lowered_enum);
+  return {&param, type, kind, items_are_texts, slots.find(param.name), std::move(lowered_enum), std::move(as_it_is)};
 }
 
 std::vector<Text> names_and_synonyms(const std::vector<ParamSpec>& params) {
@@ -153,6 +135,7 @@ PreparedTool::PreparedTool(ToolDeclaration declaration)
       bound_defaults(make_bound_defaults(declared)),
       near_params(names_and_synonyms(declared.params)),
       near_actions(action_names) {
+  append_joined(joined_param_names, param_names, ", ");
   slots = index_slots(bound_defaults);
   action_slot = slots.find(ACTION_PARAM);
   binds_action = !declared.actions.empty();
@@ -163,6 +146,13 @@ PreparedTool::PreparedTool(ToolDeclaration declaration)
     }
     params.push_back(prepare(param, slots));
     binds_action = binds_action && param.name != ACTION_PARAM;
+  }
+  named_params.resize(bound_defaults.size());
+  for (const PreparedParam& param : params) {
+    const Text& name = param.spec->name;
+    if (named_params[param.slot] == nullptr && name != ACTION_PARAM && !is_routing_param(name)) {
+      named_params[param.slot] = &param;
+    }
   }
 }
 

@@ -3,8 +3,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <vector>
 
+#include "registry/as_it_is.hpp"
 #include "registry/name_index.hpp"
 #include "registry/near_candidates.hpp"
 #include "tool_binding/tool_registry.hpp"
@@ -21,15 +23,11 @@ enum class TypeWord : std::uint8_t { integer, number, boolean, string, array, un
 struct PreparedParam {
   const ParamSpec* spec;
   TypeWord type;
-  Kind kind;             ///< of its values; null for an unknown type word
-  bool items_are_texts;  ///< an array whose items are taken as texts
-  bool takes_any;        ///< whether every value of its kind is taken as it is: it has no enumeration, no bound
-  bool is_reserved;      ///< whether its name never reaches it: an argument of that name routes or names the action
-  std::uint32_t slot;    ///< the place of its name in a bound map
-  Value minimum;         ///< the bounds, in the kind of the values that are compared with them where exact
-  Value maximum;
-  bool enum_names_itself;          ///< whether each value's lower case, sent as it is, names that value
+  Kind kind;                       ///< of its values; null for an unknown type word
+  bool items_are_texts;            ///< an array whose items are taken as texts
+  std::uint32_t slot;              ///< the place of its name in a bound map
   std::vector<Text> lowered_enum;  ///< the enumeration in lower case, value for value
+  AsItIs as_it_is;
 };
 
 struct PreparedTool {
@@ -44,6 +42,7 @@ struct PreparedTool {
 
   ToolDeclaration declared;
   std::vector<Text> param_names;
+  std::string joined_param_names;  ///< as a refusal lists them
   std::vector<Text> action_names;
 
   std::vector<PreparedParam> params;  ///< in declared order
@@ -54,6 +53,8 @@ struct PreparedTool {
 
   /// Every name that a bound map holds has a slot: its place in that map.
   NameIndex slots;
+  /// By slot, the parameter that an argument of the slot's name gives; null where the name routes or names the action.
+  std::vector<const PreparedParam*> named_params;
   std::uint32_t action_slot;   ///< the slot of ACTION_PARAM, or NameIndex::absent
   bool binds_action;           ///< whether the bound action is what the request runs: no parameter has its name
   ArgumentMap bound_defaults;  ///< the bound map of a request that gives nothing, but for the action that it runs
