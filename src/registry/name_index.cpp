@@ -28,7 +28,7 @@ std::uint32_t NameIndex::find(std::string_view name) const noexcept {
   if (name.size() <= inline_text_size) {
     return find(Text(name));
   }
-  for (std::size_t at = std::hash<std::string_view>{}(name)&mask_;; at = (at + 1) & mask_) {
+  for (std::size_t at = place_of(name);; at = place_after(at)) {
     if (rows_[at].number == absent || rows_[at].name == name) {
       return rows_[at].number;
     }
@@ -38,7 +38,7 @@ std::uint32_t NameIndex::find(std::string_view name) const noexcept {
 void NameIndex::grow() {
   std::vector<Row> before(std::max(smallest_table, 2 * rows_.size()));
   before.swap(rows_);
-  mask_ = rows_.size() - 1;
+  shift_ = 64 - std::countr_zero(rows_.size());
   for (Row& row : before) {
     if (row.number != absent) {
       place(std::move(row));
@@ -47,9 +47,9 @@ void NameIndex::grow() {
 }
 
 void NameIndex::place(Row row) {
-  std::size_t at = hash_of(cell_of(row.name)) & mask_;
+  std::size_t at = place_of(cell_of(row.name));
   while (rows_[at].number != absent) {
-    at = (at + 1) & mask_;
+    at = place_after(at);
   }
   rows_[at] = std::move(row);
 }

@@ -17,7 +17,7 @@ namespace tool_binding::detail {
 /// names alone.
 class NameIndex {
  public:
-  NameIndex() : rows_(1) {}
+  NameIndex() : rows_(2) {}
 
   static constexpr std::uint32_t absent = 0xFFFFFFFF;
 
@@ -34,28 +34,35 @@ class NameIndex {
     std::uint32_t number = absent;
   };
 
-  [[nodiscard]] static std::size_t hash_of(const Cell& cell) noexcept;
+  [[nodiscard]] std::size_t place_of(const Cell& cell) const noexcept;
+  [[nodiscard]] std::size_t place_of(std::string_view long_name) const noexcept;
+  [[nodiscard]] std::size_t place_after(std::size_t at) const noexcept { return (at + 1) & (rows_.size() - 1); }
   void grow();
   void place(Row row);
 
   std::vector<Row> rows_;  ///< a power of two of them, at least half of them free
-  std::size_t mask_ = 0;   ///< one less than the rows
+  int shift_ = 63;         ///< what takes a hash of 64 bits to a place among them
   std::size_t used_ = 0;
 };
 
-inline std::size_t NameIndex::hash_of(const Cell& cell) noexcept {
+// Fibonacci hashing: the upper bits of the product depend on every bit of its factor, so that names which differ in one
+// byte, whichever it is, stand apart.
+
+inline constexpr std::uint64_t golden_ratio = 0x9E3779B97F4A7C15;
+
+inline std::size_t NameIndex::place_of(std::string_view long_name) const noexcept {
+  return (std::hash<std::string_view>{}(long_name)*golden_ratio) >> shift_;
+}
+
+inline std::size_t NameIndex::place_of(const Cell& cell) const noexcept {
   if (cell.holds_node()) {
-    return std::hash<std::string_view>{}(cell.text());
+    return place_of(cell.text());
   }
-  // A product's bit depends on no higher bit of its factors: the upper half is folded in first, and the upper half of
-  // the product taken, so that names which differ in one byte, whichever it is, stand apart.
-  constexpr std::uint64_t odd = 0x9E3779B97F4A7C15;
-  const std::uint64_t halves = cell.low() ^ std::rotl(cell.high(), 29);
-  return ((halves ^ (halves >> 32U)) * odd) >> 32U;
+  return ((cell.low() ^ std::rotl(cell.high(), 29)) * golden_ratio) >> shift_;
 }
 
 inline std::uint32_t NameIndex::find(const Text& name) const noexcept {
-  for (std::size_t at = hash_of(cell_of(name)) & mask_;; at = (at + 1) & mask_) {
+  for (std::size_t at = place_of(cell_of(name));; at = place_after(at)) {
     if (name == rows_[at].name || rows_[at].number == absent) {
       return rows_[at].number;
     }
