@@ -18,11 +18,6 @@ constexpr double exponent_below = 1e-4;
 /// As long as the longest double in either layout, with room to spare.
 constexpr std::size_t longest_double = 32;
 
-void append_integer(std::string& out, std::int64_t number) {
-  char buffer[longest_double];
-  out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, number).ptr);
-}
-
 /// Appends the numbers that people write, of up to three decimal places, at a tenth of what the others cost. Returns
 /// whether `number` is one. A decimal of up to 15 digits that reads back as the same double is the only one so short.
 bool append_everyday_number(std::string& out, double number) {
@@ -33,10 +28,12 @@ bool append_everyday_number(std::string& out, double number) {
   for (std::int64_t scale = 1; scale <= 1000; scale *= 10) {
     const auto units = static_cast<std::int64_t>(number * static_cast<double>(scale) + 0.5);
     if (static_cast<double>(units) / static_cast<double>(scale) == number) {
-      append_integer(out, units / scale);
-      const std::size_t point = out.size();
-      append_integer(out, scale == 1 ? 10 : scale + units % scale);
-      out[point] = '.';
+      char buffer[longest_double];
+      char* const point = std::to_chars(buffer, buffer + sizeof buffer, units / scale).ptr;
+      const std::int64_t decimals = scale == 1 ? 10 : scale + units % scale;  // after a 1, where the point will stand
+      const char* const end = std::to_chars(point, buffer + sizeof buffer, decimals).ptr;
+      *point = '.';
+      out.append(buffer, static_cast<std::size_t>(end - buffer));
       return true;
     }
   }
