@@ -7,13 +7,14 @@
 
 namespace tool_binding::bench {
 
-/// The walk of a request through the layer, as a daemon writes it.
+/// The walk of a request through the layer, as a daemon writes it where it catches a refusal: in no function of its
+/// own.
 struct Walk {
   ToolSpec tool{search_declaration()};
   Handler handler = search_handler();
   KeywordArguments context = daemon_context();
 
-  [[nodiscard]] KeywordArguments operator()(const ArgumentMap& arguments) const {
+  [[nodiscard, gnu::always_inline]] KeywordArguments operator()(const ArgumentMap& arguments) const {
     return handler_kwargs(handler, bind_arguments(tool, normalize_arguments(tool, arguments).arguments()), context);
   }
 

@@ -47,28 +47,29 @@ void Normalizing::_take_action(const Value& value) {
 
 /// The action that the request runs: the one it names, else the tool's default. Null when there is none, or when the
 /// named one was refused.
-std::optional<Text> Normalizing::_action() {
+const Text* Normalizing::_action() {
   const bool has_slot = prepared.action_slot != detail::NameIndex::absent;
   if (has_slot && slots[prepared.action_slot].stored()) {
-    return plain_form(arguments[slots[prepared.action_slot].place_stored()].value);
+    _named_action = plain_form(arguments[slots[prepared.action_slot].place_stored()].value);
+    return &_named_action;
   }
   if (_action_refused) {
-    return std::nullopt;
+    return nullptr;
   }
-  if (const std::optional<Text>& action = spec.default_action()) {
+  if (const std::optional<Text>& action = prepared.declared.default_action) {
     if (has_slot) {
       _store(prepared.action_slot, *action);
     } else {
       arguments.append(ACTION_PARAM, *action);
     }
-    return action;
+    return &*action;
   }
-  if (!spec.actions().empty()) {
+  if (!prepared.declared.actions.empty()) {
     std::string& problem = problems.add();
     problem.append(spec.name()).append(" needs an 'action': one of ");
     append_joined(problem, spec.action_names(), ", ");
   }
-  return std::nullopt;
+  return nullptr;
 }
 
 }  // namespace tool_binding

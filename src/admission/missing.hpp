@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <string_view>
 
 #include "admission/problems.hpp"
@@ -36,8 +35,8 @@ namespace tool_binding {
   return param.required;
 }
 
-/// Words the problem of one missing parameter.
-void _append_missing(std::string& problem, const ToolSpec& spec, const Text* action, const ParamSpec& param);
+/// Adds the problem of one missing parameter.
+void _add_missing(Problems& problems, const ToolSpec& spec, const Text* action, const ParamSpec& param);
 
 /// Adds a problem for each parameter that a call of `action` needs and that the arguments do not give, in the
 /// registry's order. `value_of(param)` points to a parameter's value in the arguments, or is null where they hold none.
@@ -50,7 +49,7 @@ void _missing(const ToolSpec& spec, const Text* action, const ValueOf& value_of,
     }
     const Value* const value = value_of(param);
     if (value == nullptr || !_given(*param.spec, *value)) {
-      _append_missing(problems.add(), spec, action, *param.spec);
+      _add_missing(problems, spec, action, *param.spec);
     }
   }
 }

@@ -13,7 +13,8 @@ std::optional<std::string> missing_arguments(std::string_view tool, std::optiona
   return problems.empty() ? std::nullopt : std::optional<std::string>(problems.joined());
 }
 
-void _append_missing(std::string& problem, const ToolSpec& spec, const Text* action, const ParamSpec& param) {
+void _add_missing(Problems& problems, const ToolSpec& spec, const Text* action, const ParamSpec& param) {
+  std::string& problem = problems.add();
   problem.append(spec.name());
   if (action != nullptr && !action->empty()) {
     problem.append(" '").append(*action).append("'");

@@ -92,9 +92,9 @@ std::string& Normalizing::_add_note() {
 }
 
 inline Text Normalizing::refusal() {
-  const std::optional<Text> action = _action();
-  if (action || spec.actions().empty()) {
-    _check_required(action ? &*action : nullptr);
+  const Text* const action = _action();
+  if (action != nullptr || prepared.declared.actions.empty()) {
+    _check_required(action);
   }
   return problems.joined();
 }

@@ -50,7 +50,7 @@ class Normalizing {
 
   // action.cpp
   void _take_action(const Value& value);
-  [[nodiscard]] std::optional<Text> _action();
+  [[nodiscard]] const Text* _action();
 
   // unknown_parameter.cpp
   void _unknown_parameter(std::string& problem, const Text& name) const;
@@ -72,8 +72,9 @@ class Normalizing {
   std::vector<std::string>& notes;
   bool& alias_hit;
   Problems problems;
-  Value changed;     ///< what an argument was changed to, until it is stored
-  SlotStates slots;  ///< which declared names were given as such, and which stand in `arguments`
+  Value changed;       ///< what an argument was changed to, until it is stored
+  Text _named_action;  ///< what stands in the action's slot, where the request put it there
+  SlotStates slots;    ///< which declared names were given as such, and which stand in `arguments`
   bool _action_refused = false;
 };
 

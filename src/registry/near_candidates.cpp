@@ -2,7 +2,6 @@
 #include "registry/near_candidates.hpp"
 
 #include <algorithm>
-#include <bit>
 
 #include "text/code_points.hpp"
 
@@ -14,10 +13,6 @@ ClassSet::ClassSet(std::u32string_view name) noexcept {
     repeats += (members & member) == 0 ? 0 : 1;
     members |= member;
   }
-}
-
-std::size_t ClassSet::in_common(const ClassSet& other) const noexcept {
-  return static_cast<std::size_t>(std::popcount(members & other.members)) + std::min(repeats, other.repeats);
 }
 
 NearCandidates::NearCandidates(const std::vector<Text>& names) {

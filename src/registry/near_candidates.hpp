@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -26,7 +28,9 @@ struct ClassSet {
   explicit ClassSet(std::u32string_view name) noexcept;
 
   /// No less than the characters that the two names can have in common, whatever their order.
-  [[nodiscard]] std::size_t in_common(const ClassSet& other) const noexcept;
+  [[nodiscard]] std::size_t in_common(const ClassSet& other) const noexcept {
+    return static_cast<std::size_t>(std::popcount(members & other.members)) + std::min(repeats, other.repeats);
+  }
 };
 
 /// The names that a near-name search can suggest, with what of the search does not depend on the word.
