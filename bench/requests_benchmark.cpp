@@ -98,11 +98,11 @@ void read(benchmark::State& state, const Request& request) {
 
 void write(benchmark::State& state, const Request& request) {
   const Value value = json::read(request.text);
-  std::string out;
+  json::Writer writer;
   measure(state, [&] {
-    out.clear();
-    json::write_to(out, value);
-    return out.size();
+    writer.clear();
+    writer.write(value);
+    return writer.text().size();
   });
 }
 

@@ -3,7 +3,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "answer.hpp"
 #include "answer_lines.hpp"
@@ -23,7 +22,7 @@ class Admission {
   explicit Admission(const Files& files)
       : handlers_(load_registry(files.registry)), context_(load_context(files.context)) {}
 
-  Outcome answer(const Line& line, std::string& out) {
+  Outcome answer(const Line& line, json::Writer& out) {
     Envelope envelope;
     std::optional<Text> tool;
     try {
@@ -50,7 +49,7 @@ class Admission {
   }
 
   /// The walk of one call. What may refuse it stands before the first byte of the answer.
-  void append_result(std::string& out, const Envelope& envelope, const Call& call) {
+  void append_result(json::Writer& out, const Envelope& envelope, const Call& call) {
     const ToolSpec& tool = TOOLS[call.tool];
     const NormalizedArguments admitted = normalize_arguments(tool, call.arguments.mapping());
     const ArgumentMap bound = bind_arguments(tool, admitted.arguments());
@@ -59,7 +58,7 @@ class Admission {
     ObjectWriter answer = begin_answer(out, envelope, "result");
     answer.add("tool", call.tool);
     answer.add("arguments", admitted.arguments());
-    answer.add("notes", std::vector<Value>(admitted.notes().begin(), admitted.notes().end()));
+    answer.add("notes", admitted.notes());
     answer.add("alias_hit", admitted.alias_hit());
     answer.add("bound", bound);
     answer.add("keywords", keywords);
@@ -73,7 +72,7 @@ class Admission {
 
 ExitStatus admit(const Files& files) {
   Admission admission(files);
-  return answer_lines(files.lines, [&](const Line& line, std::string& out) { return admission.answer(line, out); });
+  return answer_lines(files.lines, [&](const Line& line, json::Writer& out) { return admission.answer(line, out); });
 }
 
 }  // namespace

@@ -6,7 +6,7 @@ namespace tool_binding::cli {
 namespace {
 
 /// JSON-RPC's own kind of error, for a line that is no request.
-void append_json_rpc_error(std::string& out, const Envelope& envelope, const Refusal& refusal) {
+void append_json_rpc_error(json::Writer& out, const Envelope& envelope, const Refusal& refusal) {
   ObjectWriter error = begin_answer(out, envelope, "error");
   error.add("code", static_cast<int>(refusal.code));
   error.add("message", refusal.message);
@@ -15,7 +15,7 @@ void append_json_rpc_error(std::string& out, const Envelope& envelope, const Ref
 
 }  // namespace
 
-ObjectWriter begin_answer(std::string& out, const Envelope& envelope, const Text& json_rpc_member) {
+ObjectWriter begin_answer(json::Writer& out, const Envelope& envelope, const Text& json_rpc_member) {
   ObjectWriter answer(out);
   if (envelope.shape == Shape::plain) {
     if (envelope.id) {
@@ -29,9 +29,14 @@ ObjectWriter begin_answer(std::string& out, const Envelope& envelope, const Text
   return ObjectWriter(out);
 }
 
-void end_answer(std::string& out, const Envelope& envelope) { out += envelope.shape == Shape::plain ? "}" : "}}"; }
+void end_answer(json::Writer& out, const Envelope& envelope) {
+  out.close_object();
+  if (envelope.shape == Shape::json_rpc) {
+    out.close_object();
+  }
+}
 
-void append_refusal(std::string& out, const Envelope& envelope, const std::optional<Text>& tool,
+void append_refusal(json::Writer& out, const Envelope& envelope, const std::optional<Text>& tool,
                     const Refusal& refusal) {
   if (envelope.shape == Shape::json_rpc && refusal.code != Refusal::Code::none) {
     return append_json_rpc_error(out, envelope, refusal);

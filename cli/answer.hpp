@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <string>
 
 #include "object_writer.hpp"
 #include "refusal.hpp"
@@ -12,11 +11,11 @@
 namespace tool_binding::cli {
 
 /// Begins an answer; its members are added to what comes back. In JSON-RPC they stand under `json_rpc_member`.
-[[nodiscard]] ObjectWriter begin_answer(std::string& out, const Envelope& envelope, const Text& json_rpc_member);
-void end_answer(std::string& out, const Envelope& envelope);
+[[nodiscard]] ObjectWriter begin_answer(json::Writer& out, const Envelope& envelope, const Text& json_rpc_member);
+void end_answer(json::Writer& out, const Envelope& envelope);
 
 /// The answer to a line that got no result. It names `tool`, as far as that is known, unless the line is no request.
-void append_refusal(std::string& out, const Envelope& envelope, const std::optional<Text>& tool,
+void append_refusal(json::Writer& out, const Envelope& envelope, const std::optional<Text>& tool,
                     const Refusal& refusal);
 
 }  // namespace tool_binding::cli

@@ -7,22 +7,32 @@
 
 namespace tool_binding::cli {
 
+namespace {
+
+/// As much as is written at once while there is more input.
+constexpr std::size_t large_output = std::size_t{64} * 1024;
+
+}  // namespace
+
 ExitStatus answer_lines(const std::string& path, const Answerer& answer) {
   InputLines lines{Input(path)};
-  Output output;
+  json::Writer output;
   ExitStatus status = ExitStatus::answered;
   while (true) {
-    if ((output.is_large() || !lines.has_whole_line()) && !output.flush()) {
-      return status;
+    if (output.text().size() >= large_output || !lines.has_whole_line()) {
+      if (!print(output.text())) {
+        return status;
+      }
+      output.clear();
     }
     const std::optional<Line> line = lines.next();
     if (!line) {
       break;
     }
-    if (answer(*line, output.text()) == Outcome::refused) {
+    if (answer(*line, output) == Outcome::refused) {
       status = ExitStatus::refused;
     }
-    output.text() += '\n';
+    output.end_line();
   }
   return status;
 }

@@ -13,7 +13,7 @@ namespace tool_binding::cli {
 
 namespace {
 
-void append_reply(std::string& out, const Text& tool, const Text& name, const Value& value) {
+void append_reply(json::Writer& out, const Text& tool, const Text& name, const Value& value) {
   ObjectWriter answer(out);
   answer.add("tool", tool);
   answer.add(name, value);
@@ -25,7 +25,7 @@ void append_reply(std::string& out, const Text& tool, const Text& name, const Va
 ExitStatus answer_questions(const Files& files, const Text& name, const Question& question) {
   static_cast<void>(load_registry(files.registry));
   json::Reader reader;
-  return answer_lines(files.lines, [&](const Line& line, std::string& out) {
+  return answer_lines(files.lines, [&](const Line& line, json::Writer& out) {
     std::optional<Text> tool;
     try {
       const Value request = reader.read(line.text);

@@ -27,16 +27,15 @@ std::vector<Finding> findings_of(const std::string& path) {
 /// A line for each finding, which begins as editors expect it.
 ExitStatus check(const std::string& path) {
   const std::string name = path == standard_input ? "standard input" : path;
-  Output output;
+  std::string out;
   ExitStatus status = ExitStatus::answered;
   for (const Finding& finding : findings_of(path)) {
-    std::string& out = output.text();
     out.append(name).append(":").append(std::to_string(finding.line));
     out.append(is_error(finding.kind) ? ": error: " : ": warning: ");
     out.append(finding.place.empty() ? "the file" : finding.place).append(": ").append(finding.words).append("\n");
     status = is_error(finding.kind) ? ExitStatus::unusable : status;
   }
-  static_cast<void>(output.flush());
+  print(out);
   return status;
 }
 

@@ -90,9 +90,7 @@ ExitStatus explain(const Question& question) {
     throw UnusableFile(question.files.registry, words);
   }
   ExitStatus status = ExitStatus::answered;
-  Output output;
-  output.text() = explanation_of(*tool, arguments_of(question), *handlers.find(tool->name()), status);
-  static_cast<void>(output.flush());
+  print(explanation_of(*tool, arguments_of(question), *handlers.find(tool->name()), status));
   return status;
 }
 

@@ -36,9 +36,7 @@ ExitStatus import_tools(const Import& import) {
   for (const json::Remark& remark : imported.remarks) {
     std::cerr << name << ':' << remark.line << ": " << remark.place << ": " << remark.words << '\n';
   }
-  Output output;
-  output.text() = page_of(json::registry_value(imported.entries));
-  static_cast<void>(output.flush());
+  print(page_of(json::registry_value(imported.entries)));
   const bool is_whole = std::none_of(imported.remarks.begin(), imported.remarks.end(),
                                      [](const json::Remark& remark) { return remark.leaves_tool_out; });
   return is_whole ? ExitStatus::answered : ExitStatus::refused;

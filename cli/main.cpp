@@ -57,9 +57,7 @@ std::string words_for(const CLI::App* /*app*/, const CLI::Error& misuse) {
 ExitStatus show(const CLI::App& app, const CLI::ParseError& stop) {
   std::ostringstream data;
   const bool asked_for = app.exit(stop, data, std::cerr) == 0;
-  Output output;
-  output.text() = data.str();
-  static_cast<void>(output.flush());
+  print(data.str());
   return asked_for ? ExitStatus::answered : ExitStatus::unusable;
 }
 

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "object_writer.hpp"
 
-#include "tool_binding/json/writer.hpp"
-
 namespace tool_binding::cli {
 
-ObjectWriter::ObjectWriter(std::string& out) : out_(out) { out_ += '{'; }
+ObjectWriter::ObjectWriter(json::Writer& out) : out_(out) { out_.open_object(); }
 
 void ObjectWriter::add(const Text& name, const Value& value) {
-  begin(name);
-  json::write_to(out_, value);
+  out_.write_name(name);
+  out_.write(value);
 }
 
 void ObjectWriter::add(const Text& name, const ArgumentMap& entries) {
@@ -21,6 +19,15 @@ void ObjectWriter::add(const Text& name, const ArgumentMap& entries) {
   object.end();
 }
 
+void ObjectWriter::add(const Text& name, std::span<const std::string> texts) {
+  begin(name);
+  out_.open_list();
+  for (const std::string& text : texts) {
+    out_.write_text(text);
+  }
+  out_.close_list();
+}
+
 void ObjectWriter::add(const Text& name, const KeywordArguments& keywords) {
   begin(name);
   ObjectWriter object(out_);
@@ -30,15 +37,8 @@ void ObjectWriter::add(const Text& name, const KeywordArguments& keywords) {
   object.end();
 }
 
-void ObjectWriter::begin(const Text& name) {
-  if (!is_empty_) {
-    out_ += ", ";
-  }
-  is_empty_ = false;
-  json::write_to(out_, name);
-  out_ += ": ";
-}
+void ObjectWriter::begin(const Text& name) { out_.write_name(name); }
 
-void ObjectWriter::end() { out_ += '}'; }
+void ObjectWriter::end() { out_.close_object(); }
 
 }  // namespace tool_binding::cli

@@ -1,32 +1,33 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <span>
 #include <string>
-#include <string_view>
 
 #include "tool_binding/handler.hpp"
+#include "tool_binding/json/writer.hpp"
 
 namespace tool_binding::cli {
 
-/// Appends a JSON object to a text, member by member, from its construction to `end`.
+/// Writes a JSON object member by member, from its construction to `end`.
 class ObjectWriter {
  public:
-  explicit ObjectWriter(std::string& out);
+  explicit ObjectWriter(json::Writer& out);
 
   void add(const Text& name, const Value& value);
   void add(const Text& name, const ArgumentMap& entries);
+  void add(const Text& name, std::span<const std::string> texts);
 
   /// Writes a context item as the value that it holds. Precondition: every context item is a `const Value`.
   void add(const Text& name, const KeywordArguments& keywords);
 
-  /// Begins a member, whose value is appended next by an object of its own.
+  /// Begins a member, whose value is written next by an object of its own.
   void begin(const Text& name);
 
   void end();
 
  private:
-  std::string& out_;
-  bool is_empty_ = true;
+  json::Writer& out_;
 };
 
 }  // namespace tool_binding::cli

@@ -1,25 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
+#include <string_view>
 
 namespace tool_binding::cli {
 
-/// Standard output, with a buffer that is appended to directly.
-class Output {
- public:
-  /// What is still to be written.
-  [[nodiscard]] std::string& text() noexcept { return text_; }
-
-  /// Whether so much has gathered that writing it is due.
-  [[nodiscard]] bool is_large() const noexcept;
-
-  /// Writes all of it. False when nobody reads any more: a closed pipe is the reader's right, no failure.
-  /// Throws std::system_error for a failure.
-  [[nodiscard]] bool flush();
-
- private:
-  std::string text_;
-};
+/// Writes all of `text` to standard output. False when nobody reads any more: a closed pipe is the reader's right, no
+/// failure. Throws std::system_error for a failure.
+bool print(std::string_view text);
 
 }  // namespace tool_binding::cli

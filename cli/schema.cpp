@@ -35,13 +35,11 @@ std::vector<Value> advertised(const Question& question) {
 
 ExitStatus schema(const Question& question) {
   static_cast<void>(load_registry(question.files.registry));
-  Output output;
   try {
-    output.text() = page_of(ArgumentMap{{"tools", advertised(question)}});
+    print(page_of(ArgumentMap{{"tools", advertised(question)}}));
   } catch (const KeyError& unknown) {
     throw UnusableFile(question.files.registry, unknown.message());
   }
-  static_cast<void>(output.flush());
   return ExitStatus::answered;
 }
 

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "tool_binding/json/writer.hpp"
 
+#include <algorithm>
 #include <array>
+#include <bit>
+#include <charconv>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <memory>
+#include <optional>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 #include "utf8.hpp"
 
@@ -27,6 +32,67 @@ constexpr std::array<bool, 256> plain_bytes = made_plain_bytes();
 
 constexpr std::array<std::pair<char, std::string_view>, 7> short_escapes{
     {{'"', "\\\""}, {'\\', "\\\\"}, {'\b', "\\b"}, {'\f', "\\f"}, {'\n', "\\n"}, {'\r', "\\r"}, {'\t', "\\t"}}};
+
+/// Sixteen bytes that are looked at together. As signed numbers, the bytes beyond ASCII are below zero.
+using Block [[gnu::vector_size(16)]] = signed char;
+using Halves = std::array<std::uint64_t, 2>;
+
+bool are_plain(Halves bytes) noexcept {
+  const auto block = std::bit_cast<Block>(bytes);
+  const auto [first, second] = std::bit_cast<Halves>((block < ' ') | (block == '"') | (block == '\\'));
+  return (first | second) == 0;
+}
+
+template <class Word>
+Word load(const char* bytes) noexcept {
+  Word word;
+  std::memcpy(&word, bytes, sizeof word);
+  return word;
+}
+
+/// Copies a text that is no shorter than a word and no longer than two, which may overlap; returns both.
+template <class Word>
+std::array<Word, 2> copy_ends(char* out, std::string_view text) noexcept {
+  const std::size_t last = text.size() - sizeof(Word);
+  const std::array<Word, 2> words{load<Word>(text.data()), load<Word>(text.data() + last)};
+  std::memcpy(out, &words[0], sizeof(Word));
+  std::memcpy(out + last, &words[1], sizeof(Word));
+  return words;
+}
+
+/// Copies a text of up to 16 bytes; returns whether all of them are plain.
+bool copy_short(char* out, std::string_view text) noexcept {
+  if (text.size() >= sizeof(std::uint64_t)) {
+    return are_plain(copy_ends<std::uint64_t>(out, text));
+  }
+  if (text.size() >= sizeof(std::uint32_t)) {
+    const auto [first, last] = copy_ends<std::uint32_t>(out, text);
+    const std::uint64_t both = first | std::uint64_t{last} << 32U;
+    return are_plain({both, both});
+  }
+  bool plain = true;
+  for (const char byte : text) {
+    plain = plain && plain_bytes[static_cast<unsigned char>(byte)];
+    *out++ = byte;
+  }
+  return plain;
+}
+
+/// Copies a text of 16 bytes or more up to a block that is not plain; returns whether there is none. The last block may
+/// begin within the one before it.
+bool copy_long(char* out, std::string_view text) noexcept {
+  const std::size_t last = text.size() - sizeof(Block);
+  for (std::size_t place = 0;; place = std::min(place + sizeof(Block), last)) {
+    const auto bytes = load<Halves>(text.data() + place);
+    std::memcpy(out + place, &bytes, sizeof bytes);
+    if (!are_plain(bytes)) {
+      return false;
+    }
+    if (place == last) {
+      return true;
+    }
+  }
+}
 
 void append_code_unit(std::string& out, unsigned unit) {
   constexpr std::string_view digits = "0123456789abcdef";
@@ -65,8 +131,9 @@ std::size_t append_first(std::string& out, std::string_view text) {
   return 1;
 }
 
-void append_text(std::string& out, std::string_view text) {
-  out += '"';
+/// `text` with what cannot stand in a JSON text escaped.
+std::string escaped(std::string_view text) {
+  std::string out;
   while (!text.empty()) {
     std::size_t plain = 0;
     while (plain < text.size() && plain_bytes[static_cast<unsigned char>(text[plain])]) {
@@ -78,100 +145,203 @@ void append_text(std::string& out, std::string_view text) {
       text.remove_prefix(append_first(out, text));
     }
   }
-  out += '"';
-}
-
-void append_floating(std::string& out, const Value& value) {
-  const double number = value.floating();
-  if (std::isnan(number)) {
-    out += "NaN";
-  } else if (std::isinf(number)) {
-    out += number < 0 ? "-Infinity" : "Infinity";
-  } else {
-    out += plain_form(value).view();
-  }
-}
-
-/// Writes a value, its containers on a stack of their own.
-class Writing {
- public:
-  explicit Writing(std::string& out) : out_(out) {}
-
-  void run(const Value& value) {
-    append(value);
-    while (!open_.empty()) {
-      Open& container = open_.back();
-      if (container.next == size_of(container)) {
-        out_ += container.value->is_list() ? ']' : '}';
-        open_.pop_back();
-      } else {
-        append_item(container);
-      }
-    }
-  }
-
- private:
-  struct Open {
-    const Value* value;
-    std::size_t next;
-  };
-
-  static std::size_t size_of(const Open& container) {
-    return container.value->is_list() ? container.value->list().size() : container.value->mapping().size();
-  }
-
-  void append_item(Open& container) {
-    if (container.next != 0) {
-      out_ += ", ";
-    }
-    const std::size_t place = container.next++;
-    if (container.value->is_list()) {
-      return append(container.value->list()[place]);
-    }
-    const auto& entry = container.value->mapping()[place];
-    append_text(out_, entry.name);
-    out_ += ": ";
-    append(entry.value);
-  }
-
-  /// Appends a scalar; a container is opened, and may move the stack.
-  void append(const Value& value) {
-    switch (value.kind()) {
-      case Kind::null:
-        out_ += "null";
-        break;
-      case Kind::boolean:
-        out_ += value.boolean() ? "true" : "false";
-        break;
-      case Kind::integer:
-        value.integer().append_to(out_);
-        break;
-      case Kind::floating:
-        append_floating(out_, value);
-        break;
-      case Kind::text:
-        append_text(out_, value.text());
-        break;
-      case Kind::list:
-      case Kind::mapping:
-        out_ += value.is_list() ? '[' : '{';
-        open_.push_back({&value, 0});
-        break;
-    }
-  }
-
-  std::string& out_;
-  std::vector<Open> open_;
-};
-
-}  // namespace
-
-std::string write(const Value& value) {
-  std::string out;
-  write_to(out, value);
   return out;
 }
 
-void write_to(std::string& out, const Value& value) { Writing(out).run(value); }
+constexpr std::string_view comma = ", ";
+constexpr std::string_view colon = ": ";
+
+/// What may stand around a text: quotes, the comma before it and the colon behind it.
+constexpr std::size_t around_text = 2 + comma.size() + colon.size();
+
+/// As many digits as an integer of 64 bits has, and its sign.
+constexpr std::size_t longest_integer = 20;
+
+constexpr std::size_t first_room = 512;
+
+}  // namespace
+
+void Writer::clear() noexcept {
+  end_ = bytes_.data();
+  follows_ = false;
+  open_.clear();
+}
+
+void Writer::write(const Value& value) {
+  if (value.is_list() || value.is_mapping()) {
+    write_container(value);
+  } else {
+    append_scalar(value);
+  }
+}
+
+void Writer::write_text(std::string_view text) { append_text(text); }
+
+void Writer::write_name(const Text& name) {
+  append_text(name);
+  put(colon);
+  follows_ = false;
+}
+
+void Writer::open_list() { open('['); }
+void Writer::close_list() { close(']'); }
+void Writer::open_object() { open('{'); }
+void Writer::close_object() { close('}'); }
+
+void Writer::end_line() {
+  append("\n");
+  follows_ = false;
+}
+
+void Writer::write_container(const Value& value) {
+  enter(value);
+  while (!open_.empty()) {
+    Open& container = open_.back();
+    if (container.left == 0) {
+      close(container.closer);
+      open_.pop_back();
+      continue;
+    }
+    --container.left;
+    if (container.entry != nullptr) {
+      write_name(container.entry->name);
+    }
+    const Value& item = container.entry != nullptr ? (container.entry++)->value : *container.item++;
+    if (item.is_list() || item.is_mapping()) {
+      enter(item);
+    } else {
+      append_scalar(item);
+    }
+  }
+}
+
+void Writer::enter(const Value& value) {
+  if (value.is_list()) {
+    open('[');
+    open_.push_back({value.list().data(), nullptr, value.list().size(), ']'});
+  } else {
+    open('{');
+    open_.push_back({nullptr, std::to_address(value.mapping().begin()), value.mapping().size(), '}'});
+  }
+}
+
+void Writer::append_scalar(const Value& value) {
+  switch (value.kind()) {
+    case Kind::text:
+      return append_text(value.text());
+    case Kind::integer:
+      return append_integer(value);
+    case Kind::floating:
+      return append_floating(value);
+    case Kind::boolean:
+      return value.boolean() ? append_word("true") : append_word("false");
+    default:
+      return append_word("null");
+  }
+}
+
+void Writer::append_integer(const Value& value) {
+  if (const std::optional<std::int64_t> small = value.to_int64()) {
+    make_room(comma.size() + longest_integer);
+    separate();
+    end_ = std::to_chars(end_, limit_, *small).ptr;
+  } else {
+    append_word(value.integer().to_string());
+  }
+}
+
+void Writer::append_floating(const Value& value) {
+  const double number = value.floating();
+  if (std::isnan(number)) {
+    append_word("NaN");
+  } else if (std::isinf(number)) {
+    append_word(number < 0 ? "-Infinity" : "Infinity");
+  } else {
+    append_word(plain_form(value));
+  }
+}
+
+/// Leaves room for a colon.
+void Writer::append_text(std::string_view text) {
+  if (room() < text.size() + around_text) {
+    return append_text_growing(text);
+  }
+  separate();
+  if (!(text.size() <= sizeof(Block) ? copy_short(end_ + 1, text) : copy_long(end_ + 1, text))) {
+    return append_escaping(text);
+  }
+  *end_ = '"';
+  end_ += text.size() + 1;
+  *end_++ = '"';
+}
+
+void Writer::append_text_growing(std::string_view text) {
+  grow(text.size() + around_text);
+  append_text(text);
+}
+
+void Writer::append_escaping(std::string_view text) {
+  append('"' + escaped(text) + '"');
+  make_room(colon.size());
+}
+
+inline void Writer::append_word(std::string_view word) {
+  make_room(comma.size() + word.size());
+  separate();
+  put(word);
+}
+
+void Writer::open(char opener) {
+  append_word({&opener, 1});
+  follows_ = false;
+}
+
+void Writer::close(char closer) {
+  append({&closer, 1});
+  follows_ = true;
+}
+
+void Writer::append(std::string_view piece) {
+  make_room(piece.size());
+  put(piece);
+}
+
+/// Puts a comma where one belongs before what comes next, and asks for one behind it.
+inline void Writer::separate() noexcept {
+  if (follows_) {
+    put(comma);
+  }
+  follows_ = true;
+}
+
+/// Precondition: there is room.
+inline void Writer::put(std::string_view piece) noexcept { end_ = std::copy(piece.begin(), piece.end(), end_); }
+
+inline std::size_t Writer::room() const noexcept { return static_cast<std::size_t>(limit_ - end_); }
+
+inline void Writer::make_room(std::size_t count) {
+  if (room() < count) {
+    grow(count);
+  }
+}
+
+void Writer::grow(std::size_t count) {
+  const std::size_t size = text().size();
+  bytes_.resize(std::max({first_room, 2 * bytes_.size(), size + count}));
+  end_ = bytes_.data() + size;
+  limit_ = bytes_.data() + bytes_.size();
+}
+
+std::string write(const Value& value) {
+  Writer writer;
+  writer.write(value);
+  return std::string(writer.text());
+}
+
+void write_to(std::string& out, const Value& value) {
+  Writer writer;
+  writer.write(value);
+  out += writer.text();
+}
 
 }  // namespace tool_binding::json

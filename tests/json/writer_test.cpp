@@ -36,6 +36,56 @@ TEST(Writer, WritesEveryTextAsWellFormedJson) {
   }
 }
 
+TEST(Writer, FindsWhatMustBeEscapedInTextsOfAnySize) {
+  const std::pair<std::string, std::string> rows[] = {{"\"", "\\\""},         {"\\", "\\\\"},      {"\x1f", "\\u001f"},
+                                                      {{"\0", 1}, "\\u0000"}, {"\x80", "\\udc80"}, {"\xFF", "\\udcff"},
+                                                      {"\u00e9", "\u00e9"},   {"\x7f", "\x7f"},    {"!", "!"}};
+  for (const auto& [given, escaped] : rows) {
+    for (std::size_t size = 0; size < 50; ++size) {
+      for (std::size_t place = 0; place <= size; ++place) {
+        const std::string before(place, ' ');
+        const std::string behind(size - place, '~');
+        ASSERT_EQ(write(before + given + behind), '"' + before + escaped + behind + '"') << place;
+      }
+    }
+  }
+}
+
+TEST(Writer, WritesPiecesAndLinesAsItWritesValues) {
+  Writer writer;
+  for (int line = 0; line < 2; ++line) {
+    writer.open_object();
+    writer.write_name("a\n");
+    writer.open_list();
+    writer.write_text("b");
+    writer.write(std::vector<Value>{1, "c", ArgumentMap{{"d", -0.5}}});
+    writer.open_list();
+    writer.close_list();
+    writer.close_list();
+    writer.write_name("e");
+    writer.write(nullptr);
+    writer.close_object();
+    writer.end_line();
+    ASSERT_EQ(writer.text(), R"({"a\n": ["b", [1, "c", {"d": -0.5}], []], "e": null})"
+                             "\n")
+        << line;
+    writer.clear();
+  }
+}
+
+TEST(Writer, GathersLinesUntilItIsCleared) {
+  Writer writer;
+  std::string expected;
+  for (int line = 0; line < 1000; ++line) {
+    writer.write(line);
+    writer.end_line();
+    expected += std::to_string(line) + "\n";
+  }
+  EXPECT_EQ(writer.text(), expected);
+  writer.clear();
+  EXPECT_EQ(writer.text(), "");
+}
+
 TEST(Writer, AppendsToWhatIsThere) {
   std::string out = "a ";
   write_to(out, std::vector<Value>{1});

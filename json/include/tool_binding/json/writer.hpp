@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "tool_binding/value.hpp"
 
@@ -15,6 +18,68 @@
 /// integer has all its digits. A floating number has a fraction or an exponent (5.0, 1e+16), or is one of the bare
 /// words NaN, Infinity and -Infinity, so that it is read as a floating number again.
 namespace tool_binding::json {
+
+/// Writes values one after another and keeps its buffer from one to the next. For one thread at a time; after
+/// std::bad_alloc it is to be cleared.
+///
+/// A value is written as a whole, or piece by piece, the names and values of an object in turns:
+/// `open_object(); write_name("tool"); write("search"); close_object();` gives {"tool": "search"}. Commas are put where
+/// they belong.
+class Writer {
+ public:
+  Writer() = default;
+  Writer(const Writer&) = delete;
+  Writer& operator=(const Writer&) = delete;
+
+  /// What was written since the last `clear`, as long as nothing else is called.
+  [[nodiscard]] std::string_view text() const noexcept { return {bytes_.data(), end_}; }
+  void clear() noexcept;
+
+  void write(const Value& value);
+  void write_text(std::string_view text);
+
+  void open_list();
+  void close_list();
+  void open_object();
+  void write_name(const Text& name);
+  void close_object();
+
+  /// Ends a line of which one value was written, so that the next value is the next line.
+  void end_line();
+
+ private:
+  /// A list or mapping that is being written: its next item or entry, and how many are left.
+  struct Open {
+    const Value* item;
+    const ArgumentMap::Entry* entry;
+    std::size_t left;
+    char closer;
+  };
+
+  void write_container(const Value& value);
+  void enter(const Value& value);
+  void append_scalar(const Value& value);
+  void append_integer(const Value& value);
+  void append_floating(const Value& value);
+  void append_text(std::string_view text);
+  void append_text_growing(std::string_view text);
+  void append_escaping(std::string_view text);
+  void append_word(std::string_view word);
+  void open(char opener);
+  void close(char closer);
+  void append(std::string_view piece);
+  void separate() noexcept;
+  void put(std::string_view piece) noexcept;
+  [[nodiscard]] std::size_t room() const noexcept;
+  void make_room(std::size_t count);
+  void grow(std::size_t count);
+
+  std::string bytes_;  ///< all of it is room
+  char* end_ = bytes_.data();
+  char* limit_ = end_;
+  bool follows_ = false;  ///< whether a comma stands before the next name or value
+  std::vector<Open> open_;
+};
 
 [[nodiscard]] std::string write(const Value& value);
 
