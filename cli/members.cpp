@@ -20,16 +20,32 @@ constexpr std::array<std::string_view, 7> kind_words = {"null", "a boolean", "a 
 
 std::string quoted(std::string_view name) { return "'" + std::string(name) + "'"; }
 
-bool is_left_out(const ArgumentMap& members, std::string_view name) {
+/// The member of that name, null where it is left out.
+const Value* given(const ArgumentMap& members, const Text& name) {
   const Value* const found = members.find(name);
-  return found == nullptr || found->is_null();
+  return found == nullptr || found->is_null() ? nullptr : found;
 }
 
-const Value& required(const ArgumentMap& members, std::string_view name) {
-  if (is_left_out(members, name)) {
+const Value& required(const ArgumentMap& members, const Text& name) {
+  const Value* const found = given(members, name);
+  if (found == nullptr) {
     throw NoRequest(quoted(name) + " is left out");
   }
-  return *members.find(name);
+  return *found;
+}
+
+Text text_of(const Value& value, const Text& name) {
+  if (!value.is_text()) {
+    refuse(quoted(name), "text", value);
+  }
+  return value.shared_text();
+}
+
+Value object_of(const Value& value, const Text& name) {
+  if (!value.is_mapping()) {
+    refuse(quoted(name), "an object", value);
+  }
+  return value;
 }
 
 }  // namespace
@@ -41,29 +57,19 @@ const ArgumentMap& members_of(const Value& line) {
   return line.mapping();
 }
 
-Text required_text(const ArgumentMap& members, std::string_view name) {
-  const Value& value = required(members, name);
-  if (!value.is_text()) {
-    refuse(quoted(name), "text", value);
-  }
-  return value.shared_text();
+Text required_text(const ArgumentMap& members, const Text& name) { return text_of(required(members, name), name); }
+
+std::optional<Text> optional_text(const ArgumentMap& members, const Text& name) {
+  const Value* const found = given(members, name);
+  return found == nullptr ? std::nullopt : std::optional(text_of(*found, name));
 }
 
-std::optional<Text> optional_text(const ArgumentMap& members, std::string_view name) {
-  return is_left_out(members, name) ? std::nullopt : std::optional(required_text(members, name));
-}
+Value required_object(const ArgumentMap& members, const Text& name) { return object_of(required(members, name), name); }
 
-Value required_object(const ArgumentMap& members, std::string_view name) {
-  const Value& value = required(members, name);
-  if (!value.is_mapping()) {
-    refuse(quoted(name), "an object", value);
-  }
-  return value;
-}
-
-Value optional_object(const ArgumentMap& members, std::string_view name) {
+Value optional_object(const ArgumentMap& members, const Text& name) {
   static const Value empty{ArgumentMap()};
-  return is_left_out(members, name) ? empty : required_object(members, name);
+  const Value* const found = given(members, name);
+  return found == nullptr ? empty : object_of(*found, name);
 }
 
 }  // namespace tool_binding::cli

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <string_view>
 
 #include "tool_binding/errors.hpp"
 #include "tool_binding/value.hpp"
@@ -21,11 +20,11 @@ class NoRequest : public ValueError {
 [[nodiscard]] const ArgumentMap& members_of(const Value& line);
 
 /// Each throws NoRequest for a member of another kind, and for a required one that is left out.
-[[nodiscard]] Text required_text(const ArgumentMap& members, std::string_view name);
-[[nodiscard]] std::optional<Text> optional_text(const ArgumentMap& members, std::string_view name);
-[[nodiscard]] Value required_object(const ArgumentMap& members, std::string_view name);
+[[nodiscard]] Text required_text(const ArgumentMap& members, const Text& name);
+[[nodiscard]] std::optional<Text> optional_text(const ArgumentMap& members, const Text& name);
+[[nodiscard]] Value required_object(const ArgumentMap& members, const Text& name);
 
 /// The empty object for a member left out.
-[[nodiscard]] Value optional_object(const ArgumentMap& members, std::string_view name);
+[[nodiscard]] Value optional_object(const ArgumentMap& members, const Text& name);
 
 }  // namespace tool_binding::cli

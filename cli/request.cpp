@@ -8,7 +8,7 @@ namespace tool_binding::cli {
 
 namespace {
 
-void require(const ArgumentMap& members, std::string_view name, std::string_view wanted) {
+void require(const ArgumentMap& members, const Text& name, std::string_view wanted) {
   if (required_text(members, name) != wanted) {
     throw NoRequest("'" + std::string(name) + "' must be '" + std::string(wanted) + "'");
   }
