@@ -60,8 +60,7 @@ class Admission {
     answer.add("arguments", admitted.arguments());
     answer.add("notes", admitted.notes());
     answer.add("alias_hit", admitted.alias_hit());
-    answer.add("bound", bound);
-    answer.add("keywords", keywords);
+    answer.add_bound(bound, keywords);
     end_answer(out, envelope);
   }
 

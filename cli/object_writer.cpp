@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "object_writer.hpp"
 
+#include <algorithm>
+#include <cstddef>
+
 namespace tool_binding::cli {
 
 ObjectWriter::ObjectWriter(json::Writer& out) : out_(out) { out_.open_object(); }
@@ -13,10 +16,14 @@ void ObjectWriter::add(const Text& name, const Value& value) {
 void ObjectWriter::add(const Text& name, const ArgumentMap& entries) {
   begin(name);
   ObjectWriter object(out_);
-  for (const auto& [entry, value] : entries) {
-    object.add(entry, value);
-  }
+  object.add_entries(entries);
   object.end();
+}
+
+void ObjectWriter::add_entries(const ArgumentMap& entries) {
+  for (const auto& [name, value] : entries) {
+    add(name, value);
+  }
 }
 
 void ObjectWriter::add(const Text& name, std::span<const std::string> texts) {
@@ -28,13 +35,32 @@ void ObjectWriter::add(const Text& name, std::span<const std::string> texts) {
   out_.close_list();
 }
 
-void ObjectWriter::add(const Text& name, const KeywordArguments& keywords) {
-  begin(name);
-  ObjectWriter object(out_);
-  for (const auto& [keyword, argument] : keywords) {
-    object.add(keyword, argument.is_context() ? argument.item<const Value>() : argument.value());
+void ObjectWriter::add_bound(const ArgumentMap& bound, const KeywordArguments& keywords) {
+  begin("bound");
+  ObjectWriter first(out_);
+  const std::size_t begin_of_bound = out_.text().size();
+  first.add_entries(bound);
+  const std::size_t size_of_bound = out_.text().size() - begin_of_bound;
+  first.end();
+
+  // The keywords begin with what is bound, unless a context item has taken the place of some of it.
+  const auto behind_bound = keywords.begin() + static_cast<std::ptrdiff_t>(bound.size());
+  const bool begin_alike =
+      std::none_of(keywords.begin(), behind_bound, [](const auto& keyword) { return keyword.value.is_context(); });
+  begin("keywords");
+  ObjectWriter second(out_);
+  if (begin_alike) {
+    out_.write_again(begin_of_bound, size_of_bound);
   }
-  object.end();
+  second.add_entries(keywords, begin_alike ? bound.size() : 0);
+  second.end();
+}
+
+void ObjectWriter::add_entries(const KeywordArguments& keywords, std::size_t first) {
+  for (std::size_t place = first; place < keywords.size(); ++place) {
+    const auto& [name, argument] = keywords[place];
+    add(name, argument.is_context() ? argument.item<const Value>() : argument.value());
+  }
 }
 
 void ObjectWriter::begin(const Text& name) { out_.write_name(name); }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <string>
 
@@ -18,8 +19,9 @@ class ObjectWriter {
   void add(const Text& name, const ArgumentMap& entries);
   void add(const Text& name, std::span<const std::string> texts);
 
-  /// Writes a context item as the value that it holds. Precondition: every context item is a `const Value`.
-  void add(const Text& name, const KeywordArguments& keywords);
+  /// Adds "bound" and "keywords", the keywords that were made of `bound`. A context item is written as the value that
+  /// it holds. Precondition: every context item is a `const Value`.
+  void add_bound(const ArgumentMap& bound, const KeywordArguments& keywords);
 
   /// Begins a member, whose value is written next by an object of its own.
   void begin(const Text& name);
@@ -27,6 +29,9 @@ class ObjectWriter {
   void end();
 
  private:
+  void add_entries(const ArgumentMap& entries);
+  void add_entries(const KeywordArguments& keywords, std::size_t first);
+
   json::Writer& out_;
 };
 

@@ -35,12 +35,11 @@ constexpr std::array<std::pair<char, std::string_view>, 7> short_escapes{
 
 /// Sixteen bytes that are looked at together. As signed numbers, the bytes beyond ASCII are below zero.
 using Block [[gnu::vector_size(16)]] = signed char;
-using Halves = std::array<std::uint64_t, 2>;
+using Halves [[gnu::vector_size(16)]] = std::uint64_t;
 
-bool are_plain(Halves bytes) noexcept {
-  const auto block = std::bit_cast<Block>(bytes);
-  const auto [first, second] = std::bit_cast<Halves>((block < ' ') | (block == '"') | (block == '\\'));
-  return (first | second) == 0;
+bool are_plain(Block block) noexcept {
+  const auto found = std::bit_cast<Halves>((block < ' ') | (block == '"') | (block == '\\'));
+  return (found[0] | found[1]) == 0;
 }
 
 template <class Word>
@@ -63,12 +62,12 @@ std::array<Word, 2> copy_ends(char* out, std::string_view text) noexcept {
 /// Copies a text of up to 16 bytes; returns whether all of them are plain.
 bool copy_short(char* out, std::string_view text) noexcept {
   if (text.size() >= sizeof(std::uint64_t)) {
-    return are_plain(copy_ends<std::uint64_t>(out, text));
+    return are_plain(std::bit_cast<Block>(copy_ends<std::uint64_t>(out, text)));
   }
   if (text.size() >= sizeof(std::uint32_t)) {
     const auto [first, last] = copy_ends<std::uint32_t>(out, text);
     const std::uint64_t both = first | std::uint64_t{last} << 32U;
-    return are_plain({both, both});
+    return are_plain(std::bit_cast<Block>(Halves{both, both}));
   }
   bool plain = true;
   for (const char byte : text) {
@@ -83,9 +82,9 @@ bool copy_short(char* out, std::string_view text) noexcept {
 bool copy_long(char* out, std::string_view text) noexcept {
   const std::size_t last = text.size() - sizeof(Block);
   for (std::size_t place = 0;; place = std::min(place + sizeof(Block), last)) {
-    const auto bytes = load<Halves>(text.data() + place);
-    std::memcpy(out + place, &bytes, sizeof bytes);
-    if (!are_plain(bytes)) {
+    const auto block = load<Block>(text.data() + place);
+    std::memcpy(out + place, &block, sizeof block);
+    if (!are_plain(block)) {
       return false;
     }
     if (place == last) {
@@ -187,6 +186,14 @@ void Writer::open_list() { open('['); }
 void Writer::close_list() { close(']'); }
 void Writer::open_object() { open('{'); }
 void Writer::close_object() { close('}'); }
+
+void Writer::write_again(std::size_t begin, std::size_t count) {
+  if (count != 0) {
+    make_room(comma.size() + count);
+    separate();
+    put({bytes_.data() + begin, count});
+  }
+}
 
 void Writer::end_line() {
   append("\n");

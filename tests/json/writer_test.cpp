@@ -73,6 +73,21 @@ TEST(Writer, WritesPiecesAndLinesAsItWritesValues) {
   }
 }
 
+TEST(Writer, WritesOnceMoreWhatStandsThere) {
+  Writer writer;
+  std::string expected = "[1, \"a\"";
+  writer.open_list();
+  writer.write(1);
+  writer.write("a");
+  for (int round = 0; round < 10; ++round) {
+    writer.write_again(1, writer.text().size() - 1);
+    writer.write_again(0, 0);
+    expected += ", " + expected.substr(1);
+  }
+  writer.close_list();
+  EXPECT_EQ(writer.text(), expected + "]");
+}
+
 TEST(Writer, GathersLinesUntilItIsCleared) {
   Writer writer;
   std::string expected;

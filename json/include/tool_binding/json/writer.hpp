@@ -44,6 +44,10 @@ class Writer {
   void write_name(const Text& name);
   void close_object();
 
+  /// Writes once more what stands in `text()` from `begin` on: whole items of a list, or members of an object, with the
+  /// commas between them. Precondition: `begin` is at most the size of `text()`, `count` at most what is left of it.
+  void write_again(std::size_t begin, std::size_t count);
+
   /// Ends a line of which one value was written, so that the next value is the next line.
   void end_line();
 
