@@ -54,9 +54,11 @@ Text plain_form(const Value& value) {
 void append_plain_form(std::string& out, const Value& value) {
   if (value.is_text()) {
     out += value.text();
-    return;
+  } else if (value.is_floating()) {
+    append_floating(out, value.floating());
+  } else {
+    append_quoted_form(out, value);
   }
-  append_quoted_form(out, value);
 }
 
 void append_floating(std::string& out, double number) {
