@@ -26,28 +26,25 @@ class Admission {
     Envelope envelope;
     std::optional<Text> tool;
     try {
-      const Value request = read(line.text, envelope);
+      const Value request = reader_.read(line.text);
       envelope = envelope_of(request);
       const Call call = read_call(request, envelope.shape);
       tool = call.tool;
       append_result(out, envelope, call);
       return Outcome::answered;
-    } catch (...) {
-      append_refusal(out, envelope, tool, current_refusal(line.number));
-      return Outcome::refused;
+    } catch (const Error& error) {
+      const Refusal refusal = refusal_of(error, line.number);
+      if (refusal.code == Refusal::Code::parse_error) {
+        envelope = envelope_of_ill_formed(line.text);
+      }
+      append_refusal(out, envelope, tool, refusal);
+    } catch (const std::overflow_error& error) {
+      append_refusal(out, envelope, tool, refusal_of(error));
     }
+    return Outcome::refused;
   }
 
  private:
-  Value read(std::string_view text, Envelope& envelope) {
-    try {
-      return reader_.read(text);
-    } catch (const json::ParseError&) {
-      envelope = envelope_of_ill_formed(text);
-      throw;
-    }
-  }
-
   /// The walk of one call. What may refuse it stands before the first byte of the answer.
   void append_result(json::Writer& out, const Envelope& envelope, const Call& call) {
     const ToolSpec& tool = TOOLS[call.tool];

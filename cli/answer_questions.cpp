@@ -33,10 +33,12 @@ ExitStatus answer_questions(const Files& files, const Text& name, const Question
       tool = required_text(members, "tool");
       append_reply(out, *tool, name, question(*tool, members));
       return Outcome::answered;
-    } catch (...) {
-      append_refusal(out, {}, tool, current_refusal(line.number));
-      return Outcome::refused;
+    } catch (const Error& error) {
+      append_refusal(out, {}, tool, refusal_of(error, line.number));
+    } catch (const std::overflow_error& error) {
+      append_refusal(out, {}, tool, refusal_of(error));
     }
+    return Outcome::refused;
   });
 }
 

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "refusal.hpp"
 
-#include <stdexcept>
 #include <string>
 
 #include "members.hpp"
-#include "tool_binding/errors.hpp"
 #include "tool_binding/json/parse_error.hpp"
 
 namespace tool_binding::cli {
@@ -21,24 +19,32 @@ std::string placed_message(std::size_t line_number, const json::ParseError& faul
   return place(line_number).append("byte ").append(std::to_string(fault.byte())).append(": ").append(words);
 }
 
+template <class Kind>
+bool is(const Error& error) {
+  return dynamic_cast<const Kind*>(&error) != nullptr;
+}
+
 }  // namespace
 
-Refusal current_refusal(std::size_t line_number) {
-  try {
-    throw;
-  } catch (const json::ParseError& error) {
-    return {"ValueError", placed_message(line_number, error), Refusal::Code::parse_error};
-  } catch (const NoRequest& error) {
-    return {"ValueError", place(line_number).append(error.message()), Refusal::Code::invalid_request};
-  } catch (const ArgumentError& error) {
+Refusal refusal_of(const Error& error, std::size_t line_number) {
+  if (is<ArgumentError>(error)) {
     return {"ArgumentError", error.message()};
-  } catch (const KeyError& error) {
-    return {"KeyError", error.message()};
-  } catch (const LookupError& error) {
-    return {"LookupError", error.message()};
-  } catch (const std::overflow_error& error) {
-    return {"OverflowError", std::string_view(error.what())};
   }
+  if (const auto* const fault = dynamic_cast<const json::ParseError*>(&error)) {
+    return {"ValueError", placed_message(line_number, *fault), Refusal::Code::parse_error};
+  }
+  if (is<NoRequest>(error)) {
+    return {"ValueError", place(line_number).append(error.message()), Refusal::Code::invalid_request};
+  }
+  if (is<KeyError>(error)) {
+    return {"KeyError", error.message()};
+  }
+  if (is<LookupError>(error)) {
+    return {"LookupError", error.message()};
+  }
+  throw;
 }
+
+Refusal refusal_of(const std::overflow_error& error) { return {"OverflowError", std::string_view(error.what())}; }
 
 }  // namespace tool_binding::cli

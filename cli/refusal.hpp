@@ -3,9 +3,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <stdexcept>
 #include <string_view>
 
-#include "tool_binding/text.hpp"
+#include "tool_binding/errors.hpp"
 
 namespace tool_binding::cli {
 
@@ -19,8 +20,10 @@ struct Refusal {
   Code code = Code::none;
 };
 
-/// The refusal that the exception being handled stands for. Any exception that refuses no line is thrown again.
-/// Precondition: called while an exception is handled.
-[[nodiscard]] Refusal current_refusal(std::size_t line_number);
+/// The refusal that the error being handled stands for. An error that refuses no line is thrown again: none is thrown
+/// again for those that do, since that costs as much as all else that is done for a line.
+/// Precondition: called while `error` is handled.
+[[nodiscard]] Refusal refusal_of(const Error& error, std::size_t line_number);
+[[nodiscard]] Refusal refusal_of(const std::overflow_error& error);
 
 }  // namespace tool_binding::cli
