@@ -42,39 +42,25 @@ bool are_plain(Block block) noexcept {
   return (found[0] | found[1]) == 0;
 }
 
-template <class Word>
-Word load(const char* bytes) noexcept {
-  Word word;
-  std::memcpy(&word, bytes, sizeof word);
-  return word;
+Block load(const char* bytes) noexcept {
+  Block block;
+  std::memcpy(&block, bytes, sizeof block);
+  return block;
 }
 
-/// Copies a text that is no shorter than a word and no longer than two, which may overlap; returns both.
-template <class Word>
-std::array<Word, 2> copy_ends(char* out, std::string_view text) noexcept {
-  const std::size_t last = text.size() - sizeof(Word);
-  const std::array<Word, 2> words{load<Word>(text.data()), load<Word>(text.data() + last)};
-  std::memcpy(out, &words[0], sizeof(Word));
-  std::memcpy(out + last, &words[1], sizeof(Word));
-  return words;
+/// Zeros, then bytes that are plain whatever they are joined with, but for what is beyond ASCII.
+constexpr std::array<char, 2 * sizeof(Block)> made_filling() {
+  std::array<char, 2 * sizeof(Block)> bytes{};
+  std::fill(bytes.begin() + sizeof(Block), bytes.end(), '\x7f');
+  return bytes;
 }
+constexpr std::array<char, 2 * sizeof(Block)> filling = made_filling();
 
-/// Copies a text of up to 16 bytes; returns whether all of them are plain.
-bool copy_short(char* out, std::string_view text) noexcept {
-  if (text.size() >= sizeof(std::uint64_t)) {
-    return are_plain(std::bit_cast<Block>(copy_ends<std::uint64_t>(out, text)));
-  }
-  if (text.size() >= sizeof(std::uint32_t)) {
-    const auto [first, last] = copy_ends<std::uint32_t>(out, text);
-    const std::uint64_t both = first | std::uint64_t{last} << 32U;
-    return are_plain(std::bit_cast<Block>(Halves{both, both}));
-  }
-  bool plain = true;
-  for (const char byte : text) {
-    plain = plain && plain_bytes[static_cast<unsigned char>(byte)];
-    *out++ = byte;
-  }
-  return plain;
+/// Copies all of a cell that holds a text of `size` bytes; returns whether those bytes are plain.
+bool copy_short(char* out, const detail::Cell& cell, std::size_t size) noexcept {
+  const auto block = std::bit_cast<Block>(Halves{cell.low(), cell.high()});
+  std::memcpy(out, &block, sizeof block);
+  return are_plain(block | load(filling.data() + sizeof block - size));
 }
 
 /// Copies a text of 16 bytes or more up to a block that is not plain; returns whether there is none. The last block may
@@ -82,7 +68,7 @@ bool copy_short(char* out, std::string_view text) noexcept {
 bool copy_long(char* out, std::string_view text) noexcept {
   const std::size_t last = text.size() - sizeof(Block);
   for (std::size_t place = 0;; place = std::min(place + sizeof(Block), last)) {
-    const auto block = load<Block>(text.data() + place);
+    const Block block = load(text.data() + place);
     std::memcpy(out + place, &block, sizeof block);
     if (!are_plain(block)) {
       return false;
@@ -174,7 +160,7 @@ void Writer::write(const Value& value) {
   }
 }
 
-void Writer::write_text(std::string_view text) { append_text(text); }
+void Writer::write_text(std::string_view text) { append_long(text); }
 
 void Writer::write_name(const Text& name) {
   append_text(name);
@@ -235,7 +221,7 @@ void Writer::enter(const Value& value) {
 void Writer::append_scalar(const Value& value) {
   switch (value.kind()) {
     case Kind::text:
-      return append_text(value.text());
+      return append_text(value.shared_text());
     case Kind::integer:
       return append_integer(value);
     case Kind::floating:
@@ -269,22 +255,34 @@ void Writer::append_floating(const Value& value) {
 }
 
 /// Leaves room for a colon.
-void Writer::append_text(std::string_view text) {
-  if (room() < text.size() + around_text) {
-    return append_text_growing(text);
+void Writer::append_text(const Text& text) {
+  const detail::Cell& cell = detail::cell_of(text);
+  if (cell.holds_node() || room() < sizeof cell + around_text) {
+    return append_long(text);
+  }
+  const std::size_t size = text.size();
+  separate();
+  if (!copy_short(end_ + 1, cell, size)) {
+    return append_escaping(text);
+  }
+  *end_ = '"';
+  end_ += size + 1;
+  *end_++ = '"';
+}
+
+/// The same for a text that is long, or for which there was no room.
+void Writer::append_long(std::string_view text) {
+  make_room(text.size() + sizeof(detail::Cell) + around_text);
+  if (text.size() <= detail::inline_text_size) {
+    return append_text(text);
   }
   separate();
-  if (!(text.size() <= sizeof(Block) ? copy_short(end_ + 1, text) : copy_long(end_ + 1, text))) {
+  if (!copy_long(end_ + 1, text)) {
     return append_escaping(text);
   }
   *end_ = '"';
   end_ += text.size() + 1;
   *end_++ = '"';
-}
-
-void Writer::append_text_growing(std::string_view text) {
-  grow(text.size() + around_text);
-  append_text(text);
 }
 
 void Writer::append_escaping(std::string_view text) {

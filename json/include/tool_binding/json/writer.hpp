@@ -65,8 +65,8 @@ class Writer {
   void append_scalar(const Value& value);
   void append_integer(const Value& value);
   void append_floating(const Value& value);
-  void append_text(std::string_view text);
-  void append_text_growing(std::string_view text);
+  void append_text(const Text& text);
+  void append_long(std::string_view text);
   void append_escaping(std::string_view text);
   void append_word(std::string_view word);
   void open(char opener);
