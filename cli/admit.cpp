@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "answer.hpp"
 #include "answer_lines.hpp"
@@ -45,19 +46,17 @@ class Admission {
   }
 
  private:
-  /// The walk of one call. What may refuse it stands before the first byte of the answer.
+  /// The walk of one call. What may refuse it stands before the first byte of the answer; what is written is moved on.
   void append_result(json::Writer& out, const Envelope& envelope, const Call& call) {
     const ToolSpec& tool = TOOLS[call.tool];
-    const NormalizedArguments admitted = normalize_arguments(tool, call.arguments.mapping());
-    const ArgumentMap bound = bind_arguments(tool, admitted.arguments());
-    const KeywordArguments keywords = handler_kwargs(*handlers_.find(call.tool), bound, context_);
+    NormalizedArguments admitted = normalize_arguments(tool, call.arguments.mapping());
 
     ObjectWriter answer = begin_answer(out, envelope, "result");
     answer.add("tool", call.tool);
     answer.add("arguments", admitted.arguments());
     answer.add("notes", admitted.notes());
     answer.add("alias_hit", admitted.alias_hit());
-    answer.add_bound(bound, keywords);
+    answer.add_bound(bind_arguments(tool, std::move(admitted).arguments()), *handlers_.find(call.tool), context_);
     end_answer(out, envelope);
   }
 

@@ -3,6 +3,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
+
+#include "tool_binding/tool_binding.hpp"
 
 namespace tool_binding::cli {
 
@@ -35,7 +38,7 @@ void ObjectWriter::add(const Text& name, std::span<const std::string> texts) {
   out_.close_list();
 }
 
-void ObjectWriter::add_bound(const ArgumentMap& bound, const KeywordArguments& keywords) {
+void ObjectWriter::add_bound(ArgumentMap bound, const Handler& handler, const KeywordArguments& context) {
   begin("bound");
   ObjectWriter first(out_);
   const std::size_t begin_of_bound = out_.text().size();
@@ -44,7 +47,9 @@ void ObjectWriter::add_bound(const ArgumentMap& bound, const KeywordArguments& k
   first.end();
 
   // The keywords begin with what is bound, unless a context item has taken the place of some of it.
-  const auto behind_bound = keywords.begin() + static_cast<std::ptrdiff_t>(bound.size());
+  const std::size_t count = bound.size();
+  const KeywordArguments keywords = handler_kwargs(handler, std::move(bound), context);
+  const auto behind_bound = keywords.begin() + static_cast<std::ptrdiff_t>(count);
   const bool begin_alike =
       std::none_of(keywords.begin(), behind_bound, [](const auto& keyword) { return keyword.value.is_context(); });
   begin("keywords");
@@ -52,7 +57,7 @@ void ObjectWriter::add_bound(const ArgumentMap& bound, const KeywordArguments& k
   if (begin_alike) {
     out_.write_again(begin_of_bound, size_of_bound);
   }
-  second.add_entries(keywords, begin_alike ? bound.size() : 0);
+  second.add_entries(keywords, begin_alike ? count : 0);
   second.end();
 }
 

@@ -19,9 +19,9 @@ class ObjectWriter {
   void add(const Text& name, const ArgumentMap& entries);
   void add(const Text& name, std::span<const std::string> texts);
 
-  /// Adds "bound" and "keywords", the keywords that were made of `bound`. A context item is written as the value that
-  /// it holds. Precondition: every context item is a `const Value`.
-  void add_bound(const ArgumentMap& bound, const KeywordArguments& keywords);
+  /// Adds "bound" and "keywords", the keywords that `handler` is called with. A context item is written as the value
+  /// that it holds. Precondition: every context item is a `const Value`.
+  void add_bound(ArgumentMap bound, const Handler& handler, const KeywordArguments& context);
 
   /// Begins a member, whose value is written next by an object of its own.
   void begin(const Text& name);
