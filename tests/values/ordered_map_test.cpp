@@ -56,6 +56,14 @@ TEST(OrderedMap, FindsEveryEntryAtAnySize) {
   }
 }
 
+TEST(OrderedMap, TakesAValueOfItsOwnWhereItHasToGrow) {
+  ArgumentMap map = {{"a", "a text that stands in a node"}};
+  for (std::size_t count = 1; count < 100; ++count) {
+    map.append(name_of(count), map[count - 1].value);
+  }
+  EXPECT_EQ(map[99].value, map[0].value);
+}
+
 TEST(OrderedMap, KeepsItsCopiesApart) {
   for (const std::size_t count : {3U, 40U}) {
     ArgumentMap map = numbered(count);

@@ -62,12 +62,14 @@ class EntryRow {
     }
   }
 
+  /// Appends an entry. Its parts may belong to an entry of this row.
   template <class... Parts>
   void emplace_back(Parts&&... parts) {
-    if (size_ == capacity_) {
-      grow(std::max(fewest, 2 * size_));
+    if (size_ < capacity_) {
+      ::new (static_cast<void*>(end())) Entry(std::forward<Parts>(parts)...);
+    } else {
+      append_beyond_room(std::forward<Parts>(parts)...);
     }
-    ::new (static_cast<void*>(end())) Entry(std::forward<Parts>(parts)...);
     ++size_;
   }
   void pop_back() noexcept { std::destroy_at(entries_ + --size_); }
@@ -95,16 +97,32 @@ class EntryRow {
     ::new (static_cast<void*>(room)) Entry(std::move(moved));
   }
 
-  // Not inline: the ordinary way is to append where there is room.
+  /// An empty row with that room.
+  explicit EntryRow(std::size_t capacity) : entries_(room_for(capacity)), capacity_(capacity) {}
+
+  // The ordinary way is to append where there is room: the others are not inline.
+
   [[gnu::noinline]] void grow(std::size_t capacity) {
+    EntryRow roomier(capacity);
+    move_to(roomier);
+  }
+
+  /// Makes the entry before the others are moved: it may be made of one of them.
+  template <class... Parts>
+  [[gnu::noinline]] void append_beyond_room(Parts&&... parts) {
+    EntryRow roomier(std::max(fewest, 2 * size_));
+    ::new (static_cast<void*>(roomier.entries_ + size_)) Entry(std::forward<Parts>(parts)...);
+    move_to(roomier);
+  }
+
+  /// Moves the entries into a roomier row, and becomes that row.
+  void move_to(EntryRow& roomier) noexcept {
     static_assert(std::is_nothrow_move_constructible_v<Entry>);
-    Entry* const roomier = room_for(capacity);
     for (std::size_t place = 0; place < size_; ++place) {
-      move_into(roomier + place, entries_ + place);
+      move_into(roomier.entries_ + place, entries_ + place);
     }
-    give_back();
-    entries_ = roomier;
-    capacity_ = capacity;
+    roomier.size_ = std::exchange(size_, 0);
+    swap(roomier);
   }
 
   static Entry* room_for(std::size_t capacity) {
