@@ -23,7 +23,7 @@
 /// from any number of threads at once. Where a tool is given by name, KeyError says that `TOOLS` holds no such tool.
 namespace tool_binding {
 
-class Normalizing;
+class [[gnu::visibility("hidden")]] Normalizing;
 
 /// An admitted request: its arguments as the tool's handler takes them, and what was changed to get there. Immutable;
 /// may be moved from as a whole.
