@@ -2,6 +2,7 @@
 #include "input.hpp"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -14,9 +15,10 @@ namespace {
 
 constexpr int none = -1;
 
+std::string name_of(const std::string& path) { return path == standard_input ? "standard input" : path; }
+
 [[noreturn]] void fail(const std::string& path) {
-  const std::string what = path == standard_input ? "standard input" : path;
-  throw std::system_error(errno, std::generic_category(), "cannot read " + what);
+  throw std::system_error(errno, std::generic_category(), "cannot read " + name_of(path));
 }
 
 }  // namespace
@@ -48,9 +50,18 @@ std::size_t Input::read(std::span<char> room) {
   return static_cast<std::size_t>(count);
 }
 
+Written Input::last_written() const {
+  struct stat state = {};
+  if (fstat(descriptor_, &state) != 0) {
+    fail(path_);
+  }
+  return S_ISREG(state.st_mode) ? Written{state.st_size, state.st_mtim.tv_sec, state.st_mtim.tv_nsec} : Written{};
+}
+
 std::string read_file(const std::string& path) {
   constexpr std::size_t step = std::size_t{64} * 1024;
   Input input(path);
+  const Written written = input.last_written();
   std::string content;
   std::size_t filled = 0;
   std::size_t count = 0;
@@ -60,6 +71,10 @@ std::string read_file(const std::string& path) {
     filled += count;
   } while (count != 0);
   content.resize(filled);
+  if (input.last_written() != written) {
+    throw std::system_error(std::make_error_code(std::errc::resource_unavailable_try_again),
+                            name_of(path) + " was written to while it was read");
+  }
   return content;
 }
 

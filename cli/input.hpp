@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 
@@ -9,6 +10,14 @@ namespace tool_binding::cli {
 
 /// The path that stands for standard input.
 inline constexpr const char* standard_input = "-";
+
+/// The size of a file and when it was written to.
+struct Written {
+  std::intmax_t size = 0;
+  std::intmax_t seconds = 0;
+  std::intmax_t nanoseconds = 0;
+  bool operator==(const Written&) const = default;
+};
 
 /// A file, or standard input, to be read from first to last.
 class Input {
@@ -23,12 +32,15 @@ class Input {
   /// Throws std::system_error. Precondition: `room` is not empty.
   [[nodiscard]] std::size_t read(std::span<char> room);
 
+  /// What differs once a file has been written to; always the same for what is no file. Throws std::system_error.
+  [[nodiscard]] Written last_written() const;
+
  private:
   std::string path_;
   int descriptor_;
 };
 
-/// The whole content of a file. Throws std::system_error.
+/// The whole content of a file. Throws std::system_error, also for a file that is written to meanwhile.
 [[nodiscard]] std::string read_file(const std::string& path);
 
 }  // namespace tool_binding::cli

@@ -85,7 +85,8 @@ std::string registry() {
   return path;
 }
 
-Finished run(const std::vector<std::string>& arguments, const std::string& input, const std::string& output) {
+Finished run(const std::vector<std::string>& arguments, const std::string& input, const std::string& output,
+             const Meanwhile& meanwhile) {
   const std::string in = file_of(input);
   const std::string out = output.empty() ? file_of("") : output;
   const std::string errors = file_of("");
@@ -94,7 +95,11 @@ Finished run(const std::vector<std::string>& arguments, const std::string& input
   posix_spawn_file_actions_addopen(&streams, STDIN_FILENO, in.c_str(), O_RDONLY, 0);
   posix_spawn_file_actions_addopen(&streams, STDOUT_FILENO, out.c_str(), O_WRONLY, 0);
   posix_spawn_file_actions_addopen(&streams, STDERR_FILENO, errors.c_str(), O_WRONLY, 0);
-  const int status = status_of(start(arguments, streams));
+  const pid_t command = start(arguments, streams);
+  if (meanwhile) {
+    meanwhile(command);
+  }
+  const int status = status_of(command);
   return {status, output.empty() ? content_of(out) : "", content_of(errors)};
 }
 

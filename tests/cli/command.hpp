@@ -3,6 +3,7 @@
 
 #include <sys/types.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -21,8 +22,12 @@ struct Finished {
   std::string errors;
 };
 
+/// What is done to a command while it runs.
+using Meanwhile = std::function<void(pid_t command)>;
+
 /// A finished run. Standard output goes to a file of that name where one is given.
-Finished run(const std::vector<std::string>& arguments, const std::string& input = "", const std::string& output = "");
+Finished run(const std::vector<std::string>& arguments, const std::string& input = "", const std::string& output = "",
+             const Meanwhile& meanwhile = {});
 
 /// A run that is talked with while it goes on.
 class Dialogue {
@@ -36,6 +41,8 @@ class Dialogue {
   std::string hear();
 
   void stop_listening();
+
+  [[nodiscard]] pid_t process() const { return process_; }
 
   /// Ends the input and returns the exit status.
   int end();
