@@ -27,7 +27,7 @@ class Admission {
     Envelope envelope;
     std::optional<Text> tool;
     try {
-      const Value request = reader_.read(line.text);
+      const Value request = read_line(reader_, line.text);
       envelope = envelope_of(request);
       const Call call = read_call(request, envelope.shape);
       tool = call.tool;

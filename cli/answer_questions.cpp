@@ -28,7 +28,7 @@ ExitStatus answer_questions(const Files& files, const Text& name, const Question
   return answer_lines(files.lines, [&](const Line& line, json::Writer& out) {
     std::optional<Text> tool;
     try {
-      const Value request = reader.read(line.text);
+      const Value request = read_line(reader, line.text);
       const ArgumentMap& members = members_of(request);
       tool = required_text(members, "tool");
       append_reply(out, *tool, name, question(*tool, members));

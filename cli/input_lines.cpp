@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "input_lines.hpp"
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -45,9 +46,10 @@ bool InputLines::read_more() {
 }
 
 /// Moves the line that has begun to the front, and into a larger buffer when it takes more than half of this one: so
-/// that a long line is moved a few times only, however small the pieces in which it comes.
+/// that a long line is moved a few times only, however small the pieces in which it comes. Of a line that is too long
+/// the rest is forgotten.
 void InputLines::make_room() {
-  const std::size_t kept = filled_ - begin_;
+  const std::size_t kept = std::min(filled_ - begin_, too_long);
   if (kept > capacity_ / 2) {
     auto larger = std::make_unique_for_overwrite<char[]>(2 * capacity_);
     std::memcpy(larger.get(), buffer_.get() + begin_, kept);
@@ -56,7 +58,7 @@ void InputLines::make_room() {
   } else if (begin_ != 0) {
     std::memmove(buffer_.get(), buffer_.get() + begin_, kept);
   }
-  searched_ -= begin_;
+  searched_ = kept;
   filled_ = kept;
   begin_ = 0;
 }

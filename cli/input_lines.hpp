@@ -10,15 +10,19 @@
 
 namespace tool_binding::cli {
 
+/// The length, in bytes, from which a line is too long to be read.
+inline constexpr std::size_t too_long = std::size_t{256} * 1024 * 1024;
+
 /// One line of an input.
 struct Line {
   std::size_t number;     ///< counted from 1
-  std::string_view text;  ///< without its line feed
+  std::string_view text;  ///< without its line feed; of one that is too long the beginning, of that length at least
 };
 
 /// The lines of an input, each as soon as it is there.
 ///
-/// Holds one buffer, of at most four times the longest line: nothing grows with the number of lines.
+/// Holds one buffer, of at most four times the longest line, and of at most twice the length that is too long, even for
+/// a line that never ends: nothing grows with the number of lines.
 class InputLines {
  public:
   explicit InputLines(Input input);

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <string>
 
+#include "input_lines.hpp"
+
 namespace tool_binding::cli {
 
 namespace {
@@ -26,6 +28,13 @@ Call read_json_rpc(const ArgumentMap& request) {
 }
 
 }  // namespace
+
+Value read_line(json::Reader& reader, std::string_view text) {
+  if (text.size() >= too_long) {
+    throw json::ParseError(1, too_long, "a line of 256 MiB or more cannot be read");
+  }
+  return reader.read(text);
+}
 
 Envelope envelope_of(const Value& line) {
   if (!line.is_mapping()) {

@@ -6,12 +6,16 @@
 #include <string_view>
 
 #include "members.hpp"
+#include "tool_binding/json/reader.hpp"
 
 /// The two shapes in which a tool is called: the plain line {"tool": …, "arguments": …}, and the "tools/call" of
 /// JSON-RPC 2.0.
 namespace tool_binding::cli {
 
 enum class Shape : std::uint8_t { plain, json_rpc };
+
+/// The value that a line spells. Throws json::ParseError.
+[[nodiscard]] Value read_line(json::Reader& reader, std::string_view text);
 
 /// What a line says about the form of its answer, whether or not it is a request.
 struct Envelope {
