@@ -81,6 +81,8 @@ TEST(KeywordArgument, EqualsItsCopiesWhichShareTheItemUntilTheLastOneGoes) {
   EXPECT_TRUE(watched.expired());
   EXPECT_TRUE(KeywordArgument(Value(std::string(99, 'a'))) == KeywordArgument(Value(std::string(99, 'a'))) &&
               !(KeywordArgument(Value(5)) == KeywordArgument(Value(5.0))));
+  const KeywordArgument item = KeywordArgument::context(watched);
+  EXPECT_TRUE(!(item == KeywordArgument(Value(5))) && !(KeywordArgument(Value(5)) == item));
 }
 
 }  // namespace

@@ -55,6 +55,9 @@ TEST(RegistryWarnings, DoubtBounds) {
       {"crossed, the other way round",
        {.name = "p", .type = "number", .minimum = 0.5, .maximum = 0},
        "minimum: 0.5 is above the maximum 0\n"},
+      {"crossed fractions",
+       {.name = "p", .type = "number", .minimum = 0.5, .maximum = 0.25},
+       "minimum: 0.5 is above the maximum 0.25\n"},
       {"no number",
        {.name = "p", .type = "number", .minimum = NAN, .maximum = 1},
        "minimum: nan never acts: every number is within it\n"},
@@ -144,6 +147,9 @@ TEST(RegistryWarnings, DoubtSynonymsOfActions) {
       "'List'\n");
   EXPECT_EQ(warnings_of({.name = "t", .actions = {{.name = "a"}, {.name = "b", .synonyms = {"a"}}}}), "")
       << "a synonym that is a declared name is an error";
+  EXPECT_EQ(warnings_of({.name = "t", .actions = {{.name = "a", .synonyms = {"s"}}, {.name = "b", .synonyms = {"s"}}}}),
+            "")
+      << "and so is one that is declared twice";
 }
 
 TEST(RegistryWarnings, DoubtHandlers) {

@@ -22,6 +22,17 @@ TEST(ToolTable, HoldsToolsInDeclaredOrder) {
   EXPECT_EQ(name_in(tools, "a tool whose name is lonG"), "KeyError: no tool is named 'a tool whose name is lonG'");
 }
 
+TEST(ToolTable, FindsEachOfManyTools) {
+  ToolTable tools;
+  for (int number = 0; number < 1000; ++number) {
+    tools.add({.name = "a tool whose name is long " + std::to_string(number)});
+  }
+  for (int number = 0; number < 2000; ++number) {
+    const ToolSpec* const tool = tools.find("a tool whose name is long " + std::to_string(number));
+    EXPECT_EQ(tool, number < 1000 ? &tools.all()[std::size_t(number)] : nullptr) << number;
+  }
+}
+
 TEST(ToolTable, RefusesANameThatItHolds) {
   ToolTable tools;
   tools.add({.name = "search", .description = "first"});
