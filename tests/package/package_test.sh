@@ -57,7 +57,7 @@ with_pkg_config "$scratch/static" tool_binding_json --static
 
 say "add_subdirectory, shared"
 cmake -S "$here/consumer" -B "$scratch/subdirectory" "${options[@]}" -DWAY=subdirectory -DCMAKE_INSTALL_LIBDIR=lib \
-  -DTOOL_BINDING_SOURCE="$source_tree" >/dev/null
+  -DTOOL_BINDING_SOURCE="$source_tree" -DCMAKE_UNITY_BUILD=ON >/dev/null
 cmake --build "$scratch/subdirectory"
 run "$scratch/subdirectory/with_tool_binding" "$scratch/subdirectory/with_json"
 
