@@ -17,7 +17,7 @@ namespace tool_binding::cli {
 
 namespace {
 
-struct Question {
+struct Request {
   Files files;
   std::string tool;
   std::vector<std::string> arguments;  ///< each is "-" or NAME=VALUE
@@ -46,9 +46,9 @@ Value read_arguments() {
   return arguments;
 }
 
-ArgumentMap arguments_of(const Question& question) {
+ArgumentMap arguments_of(const Request& request) {
   ArgumentMap arguments;
-  for (const std::string& argument : question.arguments) {
+  for (const std::string& argument : request.arguments) {
     if (argument == standard_input) {
       const Value read = read_arguments();
       for (const auto& [name, value] : read.mapping()) {
@@ -79,27 +79,27 @@ std::string explanation_of(const ToolSpec& tool, const ArgumentMap& arguments, c
   return explain_refusal(sent, refusal, colours);
 }
 
-ExitStatus explain(const Question& question) {
-  const Handlers handlers = load_registry(question.files.registry);
-  const ToolSpec* const tool = TOOLS.find(question.tool);
+ExitStatus explain(const Request& request) {
+  const Handlers handlers = load_registry(request.files.registry);
+  const ToolSpec* const tool = TOOLS.find(request.tool);
   if (tool == nullptr) {
-    std::string words = "no tool is named '" + question.tool + "': it declares";
+    std::string words = "no tool is named '" + request.tool + "': it declares";
     for (const ToolSpec& declared : TOOLS.all()) {
       words.append(words.ends_with(" declares") ? " " : ", ").append(declared.name());
     }
-    throw UnusableFile(question.files.registry, words);
+    throw UnusableFile(request.files.registry, words);
   }
   ExitStatus status = ExitStatus::answered;
-  print(explanation_of(*tool, arguments_of(question), *handlers.find(tool->name()), status));
+  print(explanation_of(*tool, arguments_of(request), *handlers.find(tool->name()), status));
   return status;
 }
 
-void check_arguments(const Question& question) {
-  const auto reads_input = std::count(question.arguments.begin(), question.arguments.end(), standard_input);
-  if (reads_input + (question.files.registry == standard_input ? 1 : 0) > 1) {
+void check_arguments(const Request& request) {
+  const auto reads_input = std::count(request.arguments.begin(), request.arguments.end(), standard_input);
+  if (reads_input + (request.files.registry == standard_input ? 1 : 0) > 1) {
     throw CLI::ValidationError("standard input is one file only: name the others by their paths");
   }
-  for (const std::string& argument : question.arguments) {
+  for (const std::string& argument : request.arguments) {
     if (argument != standard_input && argument.find('=') == std::string::npos) {
       throw CLI::ValidationError("an argument is NAME=VALUE, or - for an object on standard input, not " + argument);
     }
@@ -109,13 +109,13 @@ void check_arguments(const Question& question) {
 }  // namespace
 
 Run declare_explain(CLI::App& command) {
-  const auto question = std::make_shared<Question>();
-  add_registry_option(command, question->files);
-  command.add_option("TOOL", question->tool, "The tool that the request names")->required();
-  command.add_option("ARGUMENTS", question->arguments, "NAME=VALUE, a value being JSON where it reads as JSON, or -")
+  const auto request = std::make_shared<Request>();
+  add_registry_option(command, request->files);
+  command.add_option("TOOL", request->tool, "The tool that the request names")->required();
+  command.add_option("ARGUMENTS", request->arguments, "NAME=VALUE, a value being JSON where it reads as JSON, or -")
       ->type_name("NAME=VALUE");
-  command.callback([question] { check_arguments(*question); });
-  return [question] { return explain(*question); };
+  command.callback([request] { check_arguments(*request); });
+  return [request] { return explain(*request); };
 }
 
 }  // namespace tool_binding::cli

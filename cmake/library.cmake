@@ -10,4 +10,7 @@ function(tool_binding_library target headers)
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
     VERIFY_INTERFACE_HEADER_SETS ${TOOL_BINDING_TESTS})
+  if(CMAKE_BUILD_TYPE STREQUAL "Release") # what is measured is compiled as its users compile it
+    set_target_properties(${target} PROPERTIES UNITY_BUILD OFF)
+  endif()
 endfunction()

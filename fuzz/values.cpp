@@ -66,7 +66,7 @@ constexpr double doubles[] = {0.0,
                               std::numeric_limits<double>::denorm_min(),
                               std::numeric_limits<double>::max()};
 
-constexpr std::string_view names[] = {"a", "b", "it's", "a much longer name", ""};
+constexpr std::string_view member_names[] = {"a", "b", "it's", "a much longer name", ""};
 
 std::uint64_t eight_bytes(Choices& choices) {
   std::uint64_t bits = 0;
@@ -99,7 +99,7 @@ Value make_list(Choices& choices, unsigned depth) {
 Value make_mapping(Choices& choices, unsigned depth) {
   ArgumentMap entries;
   for (std::size_t count = choices.below(4); count > 0; --count) {
-    const std::string_view name = choices.one_of(names);
+    const std::string_view name = choices.one_of(member_names);
     entries.set(name, make_value(choices, depth - 1));
   }
   return entries;

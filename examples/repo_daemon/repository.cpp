@@ -102,7 +102,7 @@ std::string content_of(const Descriptor& file, const std::string& path) {
   std::size_t filled = 0;
   while (filled <= Repository::most_bytes) {
     content.resize(filled + piece);
-    const ssize_t count = read(file.number(), content.data() + filled, piece);
+    const ssize_t count = ::read(file.number(), content.data() + filled, piece);
     if (count < 0 && errno != EINTR) {
       refuse(path, "cannot be read: " + std::generic_category().message(errno));
     }

@@ -18,9 +18,9 @@ using cli_test::file_of;
 using cli_test::Finished;
 using cli_test::run;
 
-constexpr std::size_t size = 32'000'000;
+constexpr std::size_t most_read = 32'000'000;
 
-const std::string asked = R"({"tool": "t", "name": "p"})";
+const std::string question_line = R"({"tool": "t", "name": "p"})";
 
 std::string registry_with(int value) {
   return R"({"tools": [{"name": "t", "params": [{"name": "p", "type": "integer", "default": )" + std::to_string(value) +
@@ -39,14 +39,14 @@ std::size_t read_by(pid_t process) {
 /// Asks the command while something happens to its registry after a part of it was read.
 Finished ask_while(void (*change)(const std::string& path)) {
   for (int attempt = 0; attempt < 100; ++attempt) {
-    const std::string path = file_of(registry_with(1) + std::string(size, ' '));
+    const std::string path = file_of(registry_with(1) + std::string(most_read, ' '));
     std::filesystem::last_write_time(path, std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
     bool midway = false;
-    const Finished finished = run({"default", "--registry", path}, asked, "", [&](pid_t command) {
-      for (int looks = 0; read_by(command) < size / 10 && looks < 1'000'000; ++looks) {
+    const Finished finished = run({"default", "--registry", path}, question_line, "", [&](pid_t command) {
+      for (int looks = 0; read_by(command) < most_read / 10 && looks < 1'000'000; ++looks) {
       }
       kill(command, SIGSTOP);
-      midway = read_by(command) < size;
+      midway = read_by(command) < most_read;
       change(path);
       kill(command, SIGCONT);
     });
@@ -60,7 +60,7 @@ Finished ask_while(void (*change)(const std::string& path)) {
 }
 
 void replace(const std::string& path) { std::filesystem::rename(file_of(registry_with(2)), path); }
-void cut(const std::string& path) { std::filesystem::resize_file(path, size / 2); }
+void cut(const std::string& path) { std::filesystem::resize_file(path, most_read / 2); }
 void overwrite(const std::string& path) {
   std::fstream(path, std::ios::in | std::ios::out | std::ios::binary) << registry_with(2);
 }
@@ -82,7 +82,7 @@ Finished ask_through_pipe(const std::string& registry) {
   const std::string path = file_of("");
   std::filesystem::remove(path);
   EXPECT_EQ(mkfifo(path.c_str(), 0600), 0);
-  return run({"default", "--registry", path}, asked, "", [&](pid_t) {
+  return run({"default", "--registry", path}, question_line, "", [&](pid_t) {
     const int pipe = open(path.c_str(), O_WRONLY | O_CLOEXEC);
     for (const char byte : registry) {
       EXPECT_EQ(write(pipe, &byte, 1), 1);

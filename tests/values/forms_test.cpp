@@ -14,7 +14,6 @@ namespace tool_binding {
 namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double not_a_number = std::numeric_limits<double>::quiet_NaN();
 
 TEST(Forms, AreTheSameForAllButTexts) {
   struct Row {
@@ -42,8 +41,8 @@ TEST(Forms, AreTheSameForAllButTexts) {
       {std::numeric_limits<double>::denorm_min(), "5e-324"},
       {infinity, "inf"},
       {-infinity, "-inf"},
-      {not_a_number, "nan"},
-      {-not_a_number, "nan"},
+      {NAN, "nan"},
+      {-NAN, "nan"},
       {std::vector<Value>{}, "[]"},
       {std::vector<Value>{1, "a", nullptr, true, 2.0}, "[1, 'a', None, True, 2.0]"},
       {ArgumentMap{}, "{}"},

@@ -12,7 +12,6 @@ namespace tool_binding {
 namespace {
 
 constexpr double largest_double = std::numeric_limits<double>::max();
-constexpr double not_a_number = std::numeric_limits<double>::quiet_NaN();
 const std::string nines(400, '9');
 
 std::string read(const std::string& digits) {
@@ -85,7 +84,7 @@ TEST(Integer, IsOrderedByItsExactValueAmongIntegersAndDoubles) {
       "-100000000000000000000 -1e20");
   for (std::size_t place = 0; place < pairs.size(); place += 2) {
     EXPECT_TRUE(order(pairs[place], pairs[place + 1]) == 0) << quoted_form(pairs[place]);
-    EXPECT_TRUE(order(pairs[place], not_a_number) == std::partial_ordering::unordered) << quoted_form(pairs[place]);
+    EXPECT_TRUE(order(pairs[place], NAN) == std::partial_ordering::unordered) << quoted_form(pairs[place]);
   }
 }
 
@@ -120,8 +119,7 @@ TEST(Integer, IsCutFromADoubleTowardZero) {
   }
   EXPECT_EQ(Integer::truncated(-largest_double).to_double(), -largest_double);
   EXPECT_EQ(outcome_of([] { return Value(Integer::truncated(-HUGE_VAL)); }), "overflow_error");
-  EXPECT_EQ(outcome_of([] { return Value(Integer::truncated(not_a_number)); }),
-            "ValueError: not a number has no whole part");
+  EXPECT_EQ(outcome_of([] { return Value(Integer::truncated(NAN)); }), "ValueError: not a number has no whole part");
 }
 
 }  // namespace
