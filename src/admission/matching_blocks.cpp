@@ -40,13 +40,20 @@ std::size_t MatchingBlocks::matched(std::u32string_view candidate) {
 MatchingBlocks::Block MatchingBlocks::longest_block(std::u32string_view candidate, const Ranges& ranges) {
   Block best = {ranges.first_begin, ranges.second_begin, 0};
   const auto runs_begin = runs_.begin() + static_cast<std::ptrdiff_t>(ranges.second_begin);
-  std::fill(runs_begin, runs_.begin() + static_cast<std::ptrdiff_t>(ranges.second_end) + 1, 0);
+  const auto runs_end = runs_.begin() + static_cast<std::ptrdiff_t>(ranges.second_end) + 1;
+  std::fill(runs_begin, runs_end, 0);
+  bool has_runs = false;
   for (std::size_t first = ranges.first_begin; first < ranges.first_end; ++first) {
     const char32_t character = candidate[first];
-    const bool is_popular = std::binary_search(popular_.begin(), popular_.end(), character);
+    if (std::binary_search(popular_.begin(), popular_.end(), character)) {  // it ends every run, and begins none
+      std::fill(runs_begin, has_runs ? runs_end : runs_begin, 0);
+      has_runs = false;
+      continue;
+    }
+    has_runs = true;
     std::size_t run_before = 0;  // the run that ended one place earlier in both
     for (std::size_t second = ranges.second_begin; second < ranges.second_end; ++second) {
-      const std::size_t run = !is_popular && word_[second] == character ? run_before + 1 : 0;
+      const std::size_t run = word_[second] == character ? run_before + 1 : 0;
       run_before = runs_[second + 1];
       runs_[second + 1] = run;
       if (run > best.size) {
