@@ -130,7 +130,7 @@ class EntryRow {
   }
   void give_back() noexcept {
     if (entries_ != nullptr) {
-      ::operator delete(static_cast<void*>(entries_), capacity_ * sizeof(Entry));
+      ::operator delete(static_cast<void*>(entries_));
     }
   }
 
