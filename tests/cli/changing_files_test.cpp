@@ -31,9 +31,9 @@ std::string registry_with(int value) {
 std::size_t read_by(pid_t process) {
   std::ifstream counters("/proc/" + std::to_string(process) + "/io");
   std::string name;
-  std::size_t count = 0;
+  std::string count = "0";
   counters >> name >> count;
-  return count;
+  return std::stoul(count);  // unlike a stream, whatever the locale
 }
 
 /// Asks the command while something happens to its registry after a part of it was read.
@@ -46,7 +46,7 @@ Finished ask_while(void (*change)(const std::string& path)) {
       for (int looks = 0; read_by(command) < most_read / 10 && looks < 1'000'000; ++looks) {
       }
       kill(command, SIGSTOP);
-      midway = read_by(command) < most_read;
+      midway = read_by(command) < most_read / 2;
       change(path);
       kill(command, SIGCONT);
     });
