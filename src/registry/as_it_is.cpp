@@ -13,12 +13,12 @@ namespace {
 // Each sets `number` to a bound that is one, and leaves it where there is no bound. Whether the bound is of a kind that
 // takes no more than one comparison.
 
-bool read_bound(const Value& bound, std::int64_t& number) noexcept {
+bool read_bound(const Value& bound, std::int64_t& number) {
   number = bound.to_int64().value_or(number);
   return bound.is_null() || bound.to_int64();
 }
 
-bool read_bound(const Value& bound, double& number) noexcept {
+bool read_bound(const Value& bound, double& number) {
   constexpr std::int64_t every_integer_is_a_double = std::int64_t{1} << 53;
   const std::int64_t small = bound.to_int64().value_or(every_integer_is_a_double + 1);
   const bool exact = -every_integer_is_a_double <= small && small <= every_integer_is_a_double;
@@ -30,7 +30,7 @@ bool read_bound(const Value& bound, double& number) noexcept {
 
 /// The numbers that are certainly within a parameter's bounds.
 template <class Number>
-Range<Number> range_of(const ParamSpec& param) noexcept {
+Range<Number> range_of(const ParamSpec& param) {
   Range<Number> range;
   const bool known = read_bound(param.minimum, range.least) && read_bound(param.maximum, range.greatest);
   return known && param.enum_.empty() ? range : Range<Number>{1, 0};
@@ -58,7 +58,7 @@ AsItIs::AsItIs(const ParamSpec& param, Kind kind, bool items_are_texts, const st
       floating_(range_of<double>(param)),
       names_(names_of(param.enum_, lowered_enum)) {}
 
-bool AsItIs::takes_items(const Value& list) const noexcept {
+bool AsItIs::takes_items(const Value& list) const {
   for (const Value& item : list.list()) {
     if (has_names_ ? !is_named(item) : !item.is_text()) {
       return false;

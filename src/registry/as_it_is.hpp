@@ -25,7 +25,7 @@ class AsItIs {
   /// `kind` is that of the parameter's values, and `lowered_enum` its enumeration in lower case.
   AsItIs(const ParamSpec& param, Kind kind, bool items_are_texts, const std::vector<Text>& lowered_enum);
 
-  [[nodiscard]] bool takes(const Value& value) const noexcept {
+  [[nodiscard]] bool takes(const Value& value) const {
     switch (kind_) {
       case Kind::integer:
         return value.to_int64() && integers_.hold(*value.to_int64());
@@ -51,7 +51,7 @@ class AsItIs {
     }
     return false;
   }
-  [[nodiscard]] bool takes_items(const Value& list) const noexcept;
+  [[nodiscard]] bool takes_items(const Value& list) const;
 
   Kind kind_;
   bool takes_any_;                ///< of its kind: there is no enumeration, no rule for items

@@ -22,11 +22,12 @@ constexpr std::size_t longest_double = 32;
 /// whether `number` is one. A decimal of up to 15 digits that reads back as the same double is the only one so short.
 bool append_everyday_number(std::string& out, double number) {
   constexpr double few_digits = 1e9;
+  constexpr double half = 0.5;
   if (std::signbit(number) || !(number < few_digits)) {
     return false;
   }
   for (std::int64_t scale = 1; scale <= 1000; scale *= 10) {
-    const auto units = static_cast<std::int64_t>(number * static_cast<double>(scale) + 0.5);
+    const auto units = static_cast<std::int64_t>(number * static_cast<double>(scale) + half);
     if (static_cast<double>(units) / static_cast<double>(scale) == number) {
       char buffer[longest_double];
       char* const point = std::to_chars(buffer, buffer + sizeof buffer, units / scale).ptr;
