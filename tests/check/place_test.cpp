@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "tool_binding/registry_check.hpp"
 
 namespace tool_binding {
@@ -28,22 +30,17 @@ TEST(Place, NamesAMemberShortlyWhereThatIsClear) {
 }
 
 TEST(Place, StandsWithinWhatIsAroundIt) {
-  struct Row {
-    const char* inner;
-    const char* outer;
-    bool expected;
-  };
-  const Row rows[] = {{"tools[0].name", "", true},
-                      {"", "", true},
-                      {"", "tools", false},
-                      {"tools[0]", "tools[0]", true},
-                      {"tools[0].name", "tools[0]", true},
-                      {"tools[0]", "tools", true},
-                      {"tools[0]", "tools[0].name", false},
-                      {"tools[10]", "tools[1]", false},
-                      {"tools[1].names", "tools[1].name", false}};
-  for (const Row& row : rows) {
-    EXPECT_EQ(stands_within(row.inner, row.outer), row.expected) << row.inner << " in " << row.outer;
+  const std::tuple<const char*, const char*, bool> rows[] = {{"tools[0].name", "", true},
+                                                             {"", "", true},
+                                                             {"", "tools", false},
+                                                             {"tools[0]", "tools[0]", true},
+                                                             {"tools[0].name", "tools[0]", true},
+                                                             {"tools[0]", "tools", true},
+                                                             {"tools[0]", "tools[0].name", false},
+                                                             {"tools[10]", "tools[1]", false},
+                                                             {"tools[1].names", "tools[1].name", false}};
+  for (const auto& [inner, outer, expected] : rows) {
+    EXPECT_EQ(stands_within(inner, outer), expected) << inner << " in " << outer;
   }
 }
 

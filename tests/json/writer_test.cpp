@@ -88,19 +88,6 @@ TEST(Writer, WritesOnceMoreWhatStandsThere) {
   EXPECT_EQ(writer.text(), expected + "]");
 }
 
-TEST(Writer, GathersLinesUntilItIsCleared) {
-  Writer writer;
-  std::string expected;
-  for (int line = 0; line < 1000; ++line) {
-    writer.write(line);
-    writer.end_line();
-    expected += std::to_string(line) + "\n";
-  }
-  EXPECT_EQ(writer.text(), expected);
-  writer.clear();
-  EXPECT_EQ(writer.text(), "");
-}
-
 TEST(Writer, AppendsToWhatIsThere) {
   std::string out = "a ";
   write_to(out, std::vector<Value>{1});

@@ -103,14 +103,6 @@ TEST(Forms, OfATextDifferInQuotesAndEscapes) {
   }
 }
 
-TEST(Forms, AreAppended) {
-  std::string out = "not ";
-  append_quoted_form(out, "a");
-  append_plain_form(out, ", a");
-  append_plain_form(out, std::vector<Value>{"b"});
-  EXPECT_EQ(out, "not 'a', a['b']");
-}
-
 TEST(Forms, OfDeeplyNestedValuesDoNotExhaustTheStack) {
   constexpr std::size_t depth = 1'000'000;
   Value value = 1;
