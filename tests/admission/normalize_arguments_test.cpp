@@ -27,6 +27,12 @@ TEST(NormalizeArguments, ShowsANameAsItStands) {
       {{"no byte of it is changed", {{odd, 1}}, "refused: Unknown parameter '" + odd + "' for t. It takes none."}});
 }
 
+TEST(NormalizeArguments, ReadsANameThatIsDeclaredTwiceAsTheFirst) {
+  expect_admitted(
+      ToolSpec({.name = "t", .params = {{.name = "p", .type = "integer"}, {.name = "p", .type = "string"}}}),
+      {{"", {{"p", "5"}}, "{p: 5}"}});
+}
+
 TEST(NormalizeArguments, TakesManyParameters) {
   ToolDeclaration wide = {.name = "wide"};
   ArgumentMap given = {{"s39", 39}};
