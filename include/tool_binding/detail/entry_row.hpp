@@ -8,6 +8,8 @@
 #include <type_traits>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace tool_binding::detail {
 
 /// The entries of a map, in one block of the heap. A row differs from a vector in two promises: moving an entry never
@@ -140,3 +142,5 @@ class EntryRow {
 };
 
 }  // namespace tool_binding::detail
+
+#pragma GCC visibility pop
