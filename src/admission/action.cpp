@@ -36,7 +36,7 @@ void Normalizing::_take_action(const Value& value) {
     }
     return;
   }
-  if (!value.is_text() || action->name != value.text()) {
+  if (action->name != value.text()) {
     alias_hit = true;
     std::string& note = _add_note();
     append_plain_form(note.append("the action '"), value);

@@ -44,8 +44,8 @@ Value as_floating(const Value& bound) { return bound.is_floating() ? bound : Val
 
 const Value* Normalizing::_enum_value(const Param& param, const Value& value) {
   const Text* const declared = _named_value(param, value);
-  if (declared == nullptr || value.is(*declared)) {
-    return declared == nullptr ? nullptr : &value;
+  if (declared == nullptr) {
+    return nullptr;
   }
   changed = *declared;
   return &changed;
@@ -71,17 +71,14 @@ const Value* Normalizing::_enum_values(const Param& param, const Value& list) {
     all_named = all_named && named != nullptr;
     return named == nullptr || item.is(*named) ? Value() : Value(*named);
   });
-  if (!all_named || declared.is_null()) {
-    return all_named ? &list : nullptr;
+  if (!all_named) {
+    return nullptr;
   }
   changed = std::move(declared);
   return &changed;
 }
 
 const Value* Normalizing::_bounded(const Param& param, const Value& value) {
-  if (!value.is_integer() && !value.is_floating()) {
-    return &value;
-  }
   const auto& [minimum, maximum] = std::tie(param.spec->minimum, param.spec->maximum);
   const bool below = !minimum.is_null() && compare_numbers(value, minimum) < 0;
   const bool above = !below && !maximum.is_null() && compare_numbers(value, maximum) > 0;

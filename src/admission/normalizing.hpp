@@ -60,7 +60,7 @@ class Normalizing {
   [[nodiscard]] const Value* _coerced(const Param& param, const Value& value);
   [[nodiscard]] const Value* _within(const Param& param, const Value& coerced);
 
-  // enumerations_and_bounds.cpp: the same
+  // enumerations_and_bounds.cpp: the same, for a value that its parameter does not take as it is
   [[nodiscard]] const Value* _enum_value(const Param& param, const Value& value);
   [[nodiscard]] const Text* _named_value(const Param& param, const Value& value);
   [[nodiscard]] const Value* _enum_values(const Param& param, const Value& list);

@@ -42,7 +42,6 @@ class SlotStates {
   SlotStates& operator=(const SlotStates&) = delete;
 
   [[nodiscard]] SlotState& operator[](std::size_t slot) noexcept { return states_[slot]; }
-  [[nodiscard]] const SlotState& operator[](std::size_t slot) const noexcept { return states_[slot]; }
 
  private:
   std::array<SlotState, 32> inline_states_;

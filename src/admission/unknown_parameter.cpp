@@ -7,8 +7,7 @@ namespace tool_binding {
 void Normalizing::_unknown_parameter(std::string& problem, const Text& name) const {
   problem.append("Unknown parameter '").append(name).append("' for ").append(spec.name()).append(".");
   if (const Text* const near = _nearest(name, prepared.near_params)) {
-    const ParamSpec* const param = spec.param(*near);
-    const Text& declared = param == nullptr ? *near : param->name;
+    const Text& declared = spec.param(*near)->name;
     if (!declared.empty()) {
       problem.append(" Did you mean '").append(declared).append("'?");
     }

@@ -51,5 +51,16 @@ TEST(ToolSpec, FindsAnActionWhateverItsCase) {
   EXPECT_EQ(name_of(ToolSpec({.name = "status"}).action("list")), "none");
 }
 
+TEST(ParamSpec, IsRequiredByTheActionsThatNeedIt) {
+  const ToolSpec tool({.name = "t",
+                       .params = {{.name = "a", .type = "array", .required_for = {"x"}},
+                                  {.name = "b", .type = "array", .required = true}}});
+  EXPECT_EQ(tool.param_names()[1], "b");
+  for (const auto action : {std::optional<std::string_view>("x"), std::optional<std::string_view>("y"), {}}) {
+    EXPECT_EQ(tool.params()[0].required_by(action), action == "x");
+    EXPECT_TRUE(tool.params()[1].required_by(action));
+  }
+}
+
 }  // namespace
 }  // namespace tool_binding
