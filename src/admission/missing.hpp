@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <optional>
-#include <string_view>
-
 #include "admission/problems.hpp"
 #include "registry/prepared_tool.hpp"
 #include "text/white_space.hpp"

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstddef>
-#include <optional>
 #include <string_view>
-#include <vector>
 
 #include "registry/near_candidates.hpp"
 

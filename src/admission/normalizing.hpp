@@ -2,9 +2,8 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
+#include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "admission/problems.hpp"
