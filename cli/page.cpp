@@ -33,7 +33,7 @@ void append_object(std::string& page, const Value& object, std::size_t indent) {
   page.append("{");
   for (const auto& [name, value] : object.mapping()) {
     begin_line(page, is_first, indent + step);
-    json::write_to(page, name);
+    page += json::write(name);
     page.append(": ");
     append(page, value, indent + step);
   }

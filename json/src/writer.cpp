@@ -343,10 +343,4 @@ std::string write(const Value& value) {
   return std::string(writer.text());
 }
 
-void write_to(std::string& out, const Value& value) {
-  Writer writer;
-  writer.write(value);
-  out += writer.text();
-}
-
 }  // namespace tool_binding::json

@@ -88,12 +88,6 @@ TEST(Writer, WritesOnceMoreWhatStandsThere) {
   EXPECT_EQ(writer.text(), expected + "]");
 }
 
-TEST(Writer, AppendsToWhatIsThere) {
-  std::string out = "a ";
-  write_to(out, std::vector<Value>{1});
-  EXPECT_EQ(out, "a [1]");
-}
-
 TEST(Writer, WritesMillionLevels) {
   constexpr std::size_t levels = 1'000'000;
   Value value = 1;

@@ -87,9 +87,6 @@ class Writer {
 
 [[nodiscard]] std::string write(const Value& value);
 
-/// Appends what `write` returns to `out`.
-void write_to(std::string& out, const Value& value);
-
 }  // namespace tool_binding::json
 
 #pragma GCC visibility pop
