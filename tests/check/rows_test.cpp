@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "support/rows.hpp"
+
 #include "tool_binding/json/reader.hpp"
 #include "tool_binding/json/registry_file.hpp"
 #include "tool_binding/registry_check.hpp"
