@@ -74,6 +74,9 @@ const Value* Normalizing::_enum_values(const Param& param, const Value& list) {
   if (!all_named) {
     return nullptr;
   }
+  if (declared.is_null()) {
+    return &list;  // every item is spelled as it is declared
+  }
   changed = std::move(declared);
   return &changed;
 }
