@@ -54,6 +54,12 @@ class KeyError : public LookupError {
   using LookupError::LookupError;
 };
 
+/// A tool that a table does not hold: the fault of whoever asked for it, where any other KeyError is a declaration's.
+class UnknownToolError : public KeyError {
+ public:
+  using KeyError::KeyError;
+};
+
 /// The arguments of a request that its tool cannot take. The message names every problem, joined by "; ", and says
 /// what to send instead.
 class ArgumentError : public ValueError {

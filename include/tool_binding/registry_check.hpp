@@ -91,8 +91,10 @@ class RegistryError : public ValueError {
 /// The handlers by the names of their tools.
 using Handlers = OrderedMap<Handler>;
 
-/// Checks the entries, adds their tools to `TOOLS` and returns their handlers. Throws RegistryError with every error,
-/// a name that `TOOLS` holds already included, and then has added none. Warnings are for `registry_warnings` to say.
+/// Checks the entries, adds their tools to the table and returns their handlers. Throws RegistryError with every error,
+/// a name that the table holds already included, and then has added none. Warnings are for `registry_warnings` to say.
+[[nodiscard]] Handlers declare_tools(ToolTable& table, std::vector<RegistryEntry> entries);
+/// The same with `TOOLS`.
 [[nodiscard]] Handlers declare_tools(std::vector<RegistryEntry> entries);
 
 /// The type word that `spelling` stands for in other languages and libraries ("float" is "number"), no value for one

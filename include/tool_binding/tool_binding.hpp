@@ -20,7 +20,8 @@
 /// A request is admitted (`normalize_arguments`), bound (`bind_arguments`) and made into the keywords that its handler
 /// is called with (`handler_kwargs`). A handler asks `action_default` and `missing_arguments` for what the registry
 /// knows. All functions only read their inputs and the registry, return what is the caller's own, and may be called
-/// from any number of threads at once. Where a tool is given by name, KeyError says that `TOOLS` holds no such tool.
+/// from any number of threads at once. Where a tool is given by name it is looked up in `TOOLS`, and UnknownToolError
+/// says that there is none; the tool of any other table is given as its ToolSpec.
 namespace tool_binding {
 
 class [[gnu::visibility("hidden")]] Normalizing;
@@ -82,6 +83,8 @@ namespace detail {
 [[nodiscard]] std::optional<std::string> missing_arguments(std::string_view tool,
                                                            std::optional<std::string_view> action,
                                                            const ArgumentMap& arguments);
+[[nodiscard]] std::optional<std::string> missing_arguments(const ToolSpec& tool, std::optional<std::string_view> action,
+                                                           const ArgumentMap& arguments);
 
 /// Binds admitted arguments: the action first, for a tool with actions; then every declared parameter in the
 /// registry's order, with the request's value or its default; nothing else. Arguments that are the caller's to give
@@ -94,6 +97,7 @@ namespace detail {
 /// What a request that runs `action` and leaves the parameter `name` out gets. Throws LookupError for a name that the
 /// tool does not declare.
 [[nodiscard]] Value action_default(std::string_view tool, std::string_view name, std::string_view action);
+[[nodiscard]] Value action_default(const ToolSpec& tool, std::string_view name, std::string_view action);
 
 /// The keyword arguments for `handler`: every bound argument, then the items of `context` that the handler names, or
 /// all of them when it takes any keyword. An item replaces a bound argument of its name, in its place. Bound arguments

@@ -135,7 +135,7 @@ class ToolTable {
   void add(ToolSpec tool);
   void add(ToolDeclaration tool) { add(ToolSpec(std::move(tool))); }
 
-  /// The tool of that name. Throws KeyError when there is none.
+  /// The tool of that name. Throws UnknownToolError when there is none.
   [[nodiscard]] const ToolSpec& operator[](std::string_view name) const;
 
   /// The tool of that name, null when there is none.

@@ -12,7 +12,7 @@ namespace tool_binding {
 
 /// The action that a request with these arguments runs: the declared action that a text under `ACTION_PARAM` names, or
 /// that text itself when it names none; with anything else there, or nothing, the tool's default action, null when it
-/// has none. The overload for a name throws KeyError for a tool that `TOOLS` does not hold.
+/// has none. The overload for a name throws UnknownToolError for a tool that `TOOLS` does not hold.
 [[nodiscard]] Value effective_action(std::string_view name, const ArgumentMap& arguments);
 [[nodiscard]] Value effective_action(const ToolSpec& tool, const ArgumentMap& arguments);
 

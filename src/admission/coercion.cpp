@@ -89,14 +89,14 @@ constexpr std::array<TypeWords, 5> TYPE_WORDS = {{{TypeWord::integer, "a whole n
 
 /// The row of a parameter's type. A type word that has none is a fault of the registry, not of the request.
 template <class Rows>
-const auto& row_of(const Rows& rows, const detail::PreparedParam& param) {
+const auto& row_of(const Rows& rows, const ToolSpec& spec, const detail::PreparedParam& param) {
   for (const auto& row : rows) {
     if (row.type == param.type) {
       return row;
     }
   }
   throw KeyError("no type is named '" + std::string(param.spec->type) + "', which parameter '" +
-                 std::string(param.spec->name) + "' is declared with");
+                 std::string(param.spec->name) + "' of " + std::string(spec.name()) + " is declared with");
 }
 
 bool all_texts(std::span<const Value> items) {
@@ -112,13 +112,13 @@ const Value* Normalizing::_coerced(const Param& param, const Value& value) {
   if (value.kind() == param.kind) {
     return _within(param, value);
   }
-  changed = row_of(COERCIONS, param).coerce(value);
+  changed = row_of(COERCIONS, spec, param).coerce(value);
   if (!changed.is_null()) {
     return _within(param, changed);
   }
   std::string& problem = problems.add();
   problem.append("Parameter '").append(param.spec->name).append("' of ").append(spec.name()).append(" must be ");
-  problem.append(row_of(TYPE_WORDS, param).words).append(", not ");
+  problem.append(row_of(TYPE_WORDS, spec, param).words).append(", not ");
   append_quoted_form(problem, value);
   return nullptr;
 }

@@ -23,11 +23,16 @@ const Text* named_value(const detail::PreparedParam& param, const Value& value) 
                                            : &param.spec->enum_[std::size_t(found - param.lowered_enum.begin())];
 }
 
-/// Order by exact numeric value. Throws TypeError for a bound that is no number: a fault of the registry.
+/// A bound that is no number is a fault of the registry, not of the request.
+[[noreturn]] void throw_no_number(std::string_view side, const Value& bound, const Text& param, const Text& tool) {
+  std::string message = "the ";
+  message.append(side).append(" of parameter '").append(param).append("' of ").append(tool);
+  append_quoted_form(message.append(" must be a number, not "), bound);
+  throw TypeError(message);
+}
+
+/// Order by exact numeric value.
 std::partial_ordering compare_numbers(const Value& value, const Value& bound) {
-  if (!bound.is_integer() && !bound.is_floating()) {
-    throw TypeError("a bound is an integer or a floating number");
-  }
   if (value.is_integer()) {
     return bound.is_integer() ? value.integer() <=> bound.integer() : value.integer().compare(bound.floating());
   }
@@ -83,8 +88,14 @@ const Value* Normalizing::_enum_values(const Param& param, const Value& list) {
 
 const Value* Normalizing::_bounded(const Param& param, const Value& value) {
   const auto& [minimum, maximum] = std::tie(param.spec->minimum, param.spec->maximum);
-  const bool below = !minimum.is_null() && compare_numbers(value, minimum) < 0;
-  const bool above = !below && !maximum.is_null() && compare_numbers(value, maximum) > 0;
+  const auto order_to = [&](std::string_view side, const Value& bound) {
+    if (!bound.is_integer() && !bound.is_floating()) {
+      throw_no_number(side, bound, param.spec->name, spec.name());
+    }
+    return compare_numbers(value, bound);
+  };
+  const bool below = !minimum.is_null() && order_to("minimum", minimum) < 0;
+  const bool above = !below && !maximum.is_null() && order_to("maximum", maximum) > 0;
   if (!below && !above) {
     return &value;
   }

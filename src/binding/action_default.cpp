@@ -5,10 +5,14 @@
 namespace tool_binding {
 
 Value action_default(std::string_view tool, std::string_view name, std::string_view action) {
-  const ParamSpec* const param = TOOLS[tool].param(name);
+  return action_default(TOOLS[tool], name, action);
+}
+
+Value action_default(const ToolSpec& tool, std::string_view name, std::string_view action) {
+  const ParamSpec* const param = tool.param(name);
   if (param == nullptr) {
     std::string message = "the registry's ";
-    message.append(tool).append(" tool declares no ");
+    message.append(tool.name()).append(" tool declares no ");
     append_quoted_text(message, name);
     throw LookupError(message);
   }

@@ -19,12 +19,12 @@ std::string lines_for(std::span<const Finding> faults) {
   return lines;
 }
 
-/// The faults of the entries, and of those whose tools are declared already.
-std::vector<Finding> errors_beside_tools(std::span<const RegistryEntry> entries) {
+/// The faults of the entries, and of those whose tools the table holds already.
+std::vector<Finding> errors_beside(const ToolTable& table, std::span<const RegistryEntry> entries) {
   std::vector<Finding> errors = registry_errors(entries);
   Findings repeated;
   for (std::size_t index = 0; index < entries.size(); ++index) {
-    if (TOOLS.find(entries[index].tool.name) != nullptr) {
+    if (table.find(entries[index].tool.name) != nullptr) {
       repeated.add(Finding::Kind::repeated_name, member_place(item_place("tools", index), "name"),
                    {quoted(entries[index].tool.name), "an earlier call"});
     }
@@ -48,15 +48,17 @@ std::vector<Finding> check_registry(std::span<const RegistryEntry> entries) {
 RegistryError::RegistryError(std::vector<Finding> faults)
     : ValueError(lines_for(faults)), faults_(std::make_shared<const std::vector<Finding>>(std::move(faults))) {}
 
-Handlers declare_tools(std::vector<RegistryEntry> entries) {
-  if (std::vector<Finding> errors = errors_beside_tools(entries); !errors.empty()) {
+Handlers declare_tools(std::vector<RegistryEntry> entries) { return declare_tools(TOOLS, std::move(entries)); }
+
+Handlers declare_tools(ToolTable& table, std::vector<RegistryEntry> entries) {
+  if (std::vector<Finding> errors = errors_beside(table, entries); !errors.empty()) {
     throw RegistryError(std::move(errors));
   }
   Handlers handlers;
   handlers.reserve(entries.size());
   for (RegistryEntry& entry : entries) {
     handlers.append(entry.tool.name, std::move(entry.handler));
-    TOOLS.add(std::move(entry.tool));
+    table.add(std::move(entry.tool));
   }
   return handlers;
 }

@@ -31,7 +31,7 @@ const ToolSpec& ToolTable::operator[](std::string_view name) const {
   if (const ToolSpec* const found = find(name); found != nullptr) {
     return *found;
   }
-  throw KeyError("no tool is named '" + std::string(name) + "'");
+  throw UnknownToolError("no tool is named '" + std::string(name) + "'");
 }
 
 const ToolSpec* ToolTable::find(std::string_view name) const noexcept {

@@ -4,6 +4,8 @@
 #include <string>
 
 #include "tool_binding/registry_check.hpp"
+#include "tool_binding/tool_binding.hpp"
+#include "tool_binding/tool_schemas.hpp"
 
 namespace tool_binding {
 namespace {
@@ -35,6 +37,27 @@ TEST(DeclareTools, RefusesAllOrNothingWithEveryError) {
     EXPECT_EQ(error.faults()[0].kind, Finding::Kind::type_word);
   }
   EXPECT_EQ(TOOLS.find("fourth"), nullptr);
+}
+
+TEST(DeclareTools, FillsATableOfOnesOwn) {
+  const auto entries = [](Value limit) {
+    return std::vector<RegistryEntry>{
+        {.tool = {.name = "own",
+                  .params = {{.name = "limit", .type = "integer", .default_ = limit, .required = true}}}}};
+  };
+  ToolTable one;
+  ToolTable other;
+  EXPECT_EQ(declare_tools(one, entries(1)).size(), 1U);
+  EXPECT_EQ(declare_tools(other, entries(2)).size(), 1U);
+  EXPECT_EQ(TOOLS.find("own"), nullptr);
+  EXPECT_THROW((void)declare_tools(one, entries(3)), RegistryError);
+  for (const auto& [table, limit] : {std::pair(&one, 1), std::pair(&other, 2)}) {
+    const ToolSpec& tool = (*table)["own"];
+    EXPECT_EQ(action_default(tool, "limit", ""), Value(limit));
+    EXPECT_EQ(bind_arguments(tool, {}), ArgumentMap({{"limit", limit}}));
+    EXPECT_EQ(missing_arguments(tool, {}, {}), "own needs 'limit'");
+    EXPECT_EQ(effective_action(tool, {}), Value());
+  }
 }
 
 TEST(CheckRegistry, TellsErrorsFromWarnings) {

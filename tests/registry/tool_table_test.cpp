@@ -19,6 +19,7 @@ TEST(ToolTable, HoldsToolsInDeclaredOrder) {
   for (const ToolSpec& tool : tools.all()) {
     EXPECT_EQ(&tools[tool.name()], &tool);
   }
+  EXPECT_THROW((void)tools["files "], UnknownToolError) << "which an unknown type word is not";
   EXPECT_EQ(name_in(tools, "a tool whose name is lonG"), "KeyError: no tool is named 'a tool whose name is lonG'");
 }
 
