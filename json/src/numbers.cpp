@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "scalars.hpp"
+#include "tool_binding/detail/rounding.hpp"
 
 namespace tool_binding::json {
 
@@ -98,6 +99,7 @@ double beyond_range(std::string_view spelling) noexcept {
 
 double double_of(std::string_view spelling) noexcept {
   double value = 0;
+  const detail::RoundingToNearest rounding;
   const auto result = std::from_chars(spelling.data(), spelling.data() + spelling.size(), value);
   return result.ec == std::errc::result_out_of_range ? beyond_range(spelling) : value;
 }

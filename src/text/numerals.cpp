@@ -13,6 +13,7 @@
 #include "text/code_points.hpp"
 #include "text/unicode.hpp"
 #include "text/white_space.hpp"
+#include "tool_binding/detail/rounding.hpp"
 
 namespace tool_binding::text {
 namespace {
@@ -113,6 +114,7 @@ std::optional<double> read_plain_numeral(std::string_view unsigned_text) noexcep
   }
   double value = 0;
   const char* const end = unsigned_text.data() + unsigned_text.size();
+  const detail::RoundingToNearest rounding;
   const auto [stop, error] = std::from_chars(unsigned_text.data(), end, value);
   return error == std::errc() && stop == end ? std::optional(value) : std::nullopt;
 }
@@ -176,6 +178,7 @@ double nearest_double(const Decimal& decimal) {
   }
   const std::string canonical = "0." + decimal.digits.substr(leading_zeros) + "e" + std::to_string(exponent);
   double value = 0;
+  const detail::RoundingToNearest rounding;
   const auto [stop, error] = std::from_chars(canonical.data(), canonical.data() + canonical.size(), value);
   if (error == std::errc::result_out_of_range) {
     return exponent > 0 ? std::numeric_limits<double>::infinity() : 0;

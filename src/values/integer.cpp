@@ -3,12 +3,14 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstring>
 #include <stdexcept>
 #include <system_error>
 
+#include "tool_binding/detail/rounding.hpp"
 #include "tool_binding/errors.hpp"
 
 namespace tool_binding {
@@ -51,6 +53,21 @@ std::partial_ordering compare_small(std::int64_t left, double right) noexcept {
     return left <=> whole;
   }
   return 0.0 <=> (right - std::trunc(right));
+}
+
+/// The nearest double, ties to even, whatever the rounding of this thread: the bits that a double has no room for are
+/// rounded as integers, and what is left is converted exactly.
+double nearest_double(std::int64_t value) noexcept {
+  const std::uint64_t magnitude = value < 0 ? -static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
+  const int beyond = static_cast<int>(std::bit_width(magnitude)) - std::numeric_limits<double>::digits;
+  if (beyond <= 0) {
+    return static_cast<double>(value);
+  }
+  const std::uint64_t unit = std::uint64_t{1} << beyond;
+  const bool is_odd = (magnitude & unit) != 0;
+  const std::uint64_t rounded = (magnitude + unit / 2 - (is_odd ? 0 : 1)) & ~(unit - 1);
+  const auto nearest = static_cast<double>(rounded);
+  return value < 0 ? -nearest : nearest;
 }
 
 bool is_digit(char character) noexcept { return character >= '0' && character <= '9'; }
@@ -106,9 +123,10 @@ Integer Integer::truncated(double value) {
 
 double Integer::to_double() const {
   if (!is_wide()) {
-    return static_cast<double>(small());
+    return nearest_double(small());
   }
   double value = 0;
+  const detail::RoundingToNearest rounding;
   const auto read = std::from_chars(digits().data(), digits().data() + digits().size(), value);
   if (read.ec == std::errc::result_out_of_range) {
     throw std::overflow_error("the integer is too large for a floating number");

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "tool_binding/detail/rounding.hpp"
 #include "values/forms.hpp"
 
 namespace tool_binding {
@@ -19,11 +20,12 @@ constexpr double exponent_below = 1e-4;
 constexpr std::size_t longest_double = 32;
 
 /// Appends the numbers that people write, of up to three decimal places, at a tenth of what the others cost. Returns
-/// whether `number` is one. A decimal of up to 15 digits that reads back as the same double is the only one so short.
+/// whether `number` is one. A decimal of up to 15 digits that reads back as the same double is the only one so short;
+/// the comparison that tells it holds where the quotient is rounded to nearest.
 bool append_everyday_number(std::string& out, double number) {
   constexpr double few_digits = 1e9;
   constexpr double half = 0.5;
-  if (std::signbit(number) || !(number < few_digits)) {
+  if (std::signbit(number) || !(number < few_digits) || !detail::rounds_to_nearest()) {
     return false;
   }
   for (std::int64_t scale = 1; scale <= 1000; scale *= 10) {

@@ -6,6 +6,7 @@
 #include <regex>
 
 #include "support/one_line.hpp"
+#include "support/rounding_modes.hpp"
 #include "support/rows.hpp"
 
 namespace tool_binding::json {
@@ -65,6 +66,12 @@ TEST(Reader, ReadsBytesThatStandBadlyInATable) {
   for (const auto& [text, expected] : rows) {
     EXPECT_EQ(reading(reader, text), expected) << quoted_form(text);
   }
+}
+
+TEST(Reader, ReadsTheNearestDoubleInEveryRoundingMode) {
+  in_every_rounding_mode([] {
+    EXPECT_EQ(read("[0.3, -1e23, 9007199254740993.0]"), Value(std::vector<Value>{0.3, -1e23, 9007199254740992.0}));
+  });
 }
 
 TEST(Reader, KeepsFirstPlaceAndLastValueInLargeObjects) {
