@@ -4,10 +4,12 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <typeindex>
+#include <span>
+#include <string_view>
 #include <utility>
 #include <vector>
 
+#include "tool_binding/detail/item_type.hpp"
 #include "tool_binding/value.hpp"
 
 #pragma GCC visibility push(default)
@@ -18,41 +20,76 @@
 /// the engines) are context items: the layer passes them along and never looks into one.
 namespace tool_binding {
 
+/// The base classes as which a context item is handed out as well: `KeywordArgument::context(file_store,
+/// bases<Store>)`.
+template <class... Bases>
+struct BaseClasses {};
+template <class... Bases>
+inline constexpr BaseClasses<Bases...> bases = {};
+
 /// One keyword argument: a bound `Value`, or a context item of the daemon's. 16 bytes, copied without copying content.
 class KeywordArgument {
  public:
   KeywordArgument(Value value) noexcept : held_(std::move(value)) {}  // NOLINT(google-explicit-constructor)
 
-  /// A context item that shares `item`, whatever its type.
+  /// A context item that shares `item`, whatever its type. It is handed out as `Item`, as each of `Bases`, and as the
+  /// constants of these.
+  template <class Item, class... Bases>
+  [[nodiscard]] static KeywordArgument context(std::shared_ptr<Item> item, BaseClasses<Bases...> /*as_well*/) {
+    return KeywordArgument(std::move(item), detail::ItemViews<Item, Bases...>::rows);
+  }
   template <class Item>
   [[nodiscard]] static KeywordArgument context(std::shared_ptr<Item> item) {
-    return KeywordArgument(std::move(item), typeid(Item*));
+    return context(std::move(item), bases<>);
   }
 
   /// A context item that refers to `item`, which the daemon keeps alive as long as any copy of it.
+  template <class Item, class... Bases>
+  [[nodiscard]] static KeywordArgument context(Item& item, BaseClasses<Bases...> as_well) {
+    return context(std::shared_ptr<Item>(std::shared_ptr<void>(), &item), as_well);
+  }
   template <class Item>
   [[nodiscard]] static KeywordArgument context(Item& item) {
-    return context(std::shared_ptr<Item>(std::shared_ptr<void>(), &item));
+    return context(item, bases<>);
   }
 
   [[nodiscard]] bool is_context() const noexcept { return held_.cell_.tag() == detail::Tag::context_node; }
 
+  /// Whether `item<Item>()` hands something out.
+  template <class Item>
+  [[nodiscard]] bool is_item() const noexcept {
+    return is_item(detail::item_type<Item>);
+  }
+  [[nodiscard]] bool is_item(const detail::ItemType& type) const noexcept { return find_item(type) != nullptr; }
+
+  /// The type with which a context item was made, as the compiler spells it; empty for a bound argument.
+  [[nodiscard]] std::string_view item_type_name() const noexcept;
+
   /// The bound argument, as long as this object lives. Throws TypeError for a context item.
   [[nodiscard]] const Value& value() const;
 
-  /// The context item, as long as this object lives. `Item` is exactly the type that it was made with, its const
-  /// included. Throws TypeError for a bound argument and for an item of another type.
+  /// The context item, as long as this object lives. `Item` is the type that it was made with, or a base class that it
+  /// was made with, or the constant of one of these. Throws TypeError for a bound argument and for any other type.
   template <class Item>
   [[nodiscard]] Item& item() const {
-    return *static_cast<Item*>(item_of(typeid(Item*)));
+    return *static_cast<Item*>(item_of(detail::item_type<Item>));
+  }
+
+  /// The same with a share in its ownership; none, where the daemon offered a reference and keeps the item alive.
+  template <class Item>
+  [[nodiscard]] std::shared_ptr<Item> shared_item() const {
+    Item* const found = &item<Item>();
+    return std::shared_ptr<Item>(owner(), found);
   }
 
   /// Two bound arguments compare as values; a context item equals its own copies only.
   friend bool operator==(const KeywordArgument& left, const KeywordArgument& right) { return left.equals(right); }
 
  private:
-  KeywordArgument(std::shared_ptr<const volatile void> item, std::type_index type);
-  [[nodiscard]] void* item_of(std::type_index type) const;
+  KeywordArgument(std::shared_ptr<const volatile void> item, std::span<const detail::ItemView> views);
+  [[nodiscard]] void* find_item(const detail::ItemType& type) const noexcept;
+  [[nodiscard]] void* item_of(const detail::ItemType& type) const;
+  [[nodiscard]] const std::shared_ptr<const volatile void>& owner() const noexcept;
   [[nodiscard]] bool equals(const KeywordArgument& other) const;
 
   Value held_;

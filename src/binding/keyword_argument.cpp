@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <string>
 #include <utility>
 
 #include "tool_binding/errors.hpp"
@@ -7,23 +8,56 @@
 
 namespace tool_binding {
 
-KeywordArgument::KeywordArgument(std::shared_ptr<const volatile void> item, std::type_index type)
+namespace {
+
+/// Precondition: `argument` is a context item's cell.
+const detail::ContextNode& node_of(const detail::Cell& cell) noexcept {
+  return *static_cast<const detail::ContextNode*>(cell.node());
+}
+
+}  // namespace
+
+KeywordArgument::KeywordArgument(std::shared_ptr<const volatile void> item, std::span<const detail::ItemView> views)
     : held_(detail::Cell(detail::Tag::context_node,
-                         static_cast<detail::Node*>(new detail::ContextNode(std::move(item), type)))) {}
+                         static_cast<detail::Node*>(new detail::ContextNode(std::move(item), views)))) {}
+
+std::string_view KeywordArgument::item_type_name() const noexcept {
+  return is_context() ? node_of(held_.cell_).views.front().type->name : std::string_view();
+}
 
 const Value& KeywordArgument::value() const {
   if (is_context()) {
-    throw TypeError("the keyword argument is a context item, not a value");
+    std::string message = "the keyword argument is a context item of the type ";
+    throw TypeError(message.append(item_type_name()).append(", not a value"));
   }
   return held_;
 }
 
-void* KeywordArgument::item_of(std::type_index type) const {
-  const auto* const node = is_context() ? static_cast<const detail::ContextNode*>(held_.cell_.node()) : nullptr;
-  if (node == nullptr || node->type != type) {
-    throw TypeError("the keyword argument is no context item of this type");
+void* KeywordArgument::find_item(const detail::ItemType& type) const noexcept {
+  if (is_context()) {
+    const detail::ContextNode& node = node_of(held_.cell_);
+    for (const detail::ItemView& view : node.views) {
+      if (view.type == &type) {
+        void* const item = const_cast<void*>(node.item.get());
+        return view.address == nullptr ? item : view.address(item);
+      }
+    }
   }
-  return const_cast<void*>(node->item.get());
+  return nullptr;
+}
+
+void* KeywordArgument::item_of(const detail::ItemType& type) const {
+  if (void* const found = find_item(type); found != nullptr) {
+    return found;
+  }
+  std::string message = "the keyword argument is ";
+  message.append(is_context() ? "a context item of the type " : "the value ");
+  message.append(is_context() ? std::string(item_type_name()) : quoted_form(held_));
+  throw TypeError(message.append(", not a context item of the type ").append(type.name));
+}
+
+const std::shared_ptr<const volatile void>& KeywordArgument::owner() const noexcept {
+  return node_of(held_.cell_).item;
 }
 
 bool KeywordArgument::equals(const KeywordArgument& other) const {

@@ -2,10 +2,11 @@
 #pragma once
 
 #include <memory>
-#include <typeindex>
+#include <span>
 #include <utility>
 #include <vector>
 
+#include "tool_binding/detail/item_type.hpp"
 #include "tool_binding/value.hpp"
 
 /// The nodes in which lists, mappings and context items stand.
@@ -34,10 +35,11 @@ struct MappingNode : ContainerNode {
 
 struct ContextNode : Node {
   std::shared_ptr<const volatile void> item;
-  std::type_index type;
+  std::span<const ItemView>
+      views;  ///< constants of the program; the first one has the type that the item was made with
 
-  ContextNode(std::shared_ptr<const volatile void> shared, std::type_index known) noexcept
-      : item(std::move(shared)), type(known) {}
+  ContextNode(std::shared_ptr<const volatile void> shared, std::span<const ItemView> known) noexcept
+      : item(std::move(shared)), views(known) {}
 };
 
 }  // namespace tool_binding::detail

@@ -56,16 +56,56 @@ TEST(HandlerKwargs, ReachTheHandler) {
   EXPECT_EQ(calls, 1U);
 }
 
-TEST(KeywordArgument, HandsAContextItemOutAsTheTypeThatItWasMadeWith) {
+struct First {
+  int first = 1;
+};
+struct Second {
+  int second = 2;
+};
+struct Both : First, virtual Second {};
+
+/// The line of what happens when the item is asked for as `Item`.
+template <class Item>
+std::string asked_for(const KeywordArgument& argument) {
+  return outcome_of([&] { return (void)argument.item<Item>(), Value(argument.is_item<Item>()); });
+}
+
+TEST(KeywordArgument, HandsAContextItemOutAsATypeThatItWasMadeWith) {
   int number = 5;
   const KeywordArgument item = KeywordArgument::context(number);
   const KeywordArgument constant = KeywordArgument::context(std::as_const(number));
-  EXPECT_TRUE(&item.item<int>() == &number && &constant.item<const int>() == &number);
-  EXPECT_THROW((void)item.item<const int>(), TypeError);
-  EXPECT_THROW((void)constant.item<int>(), TypeError);
-  EXPECT_THROW((void)item.item<long>(), TypeError);
-  EXPECT_THROW((void)item.value(), TypeError);
-  EXPECT_THROW((void)KeywordArgument(Value(5)).item<int>(), TypeError);
+  EXPECT_TRUE(&item.item<int>() == &number && &item.item<const int>() == &number);
+  EXPECT_EQ(&constant.item<const int>(), &number);
+  EXPECT_EQ(item.item_type_name(), "int");
+  EXPECT_EQ(asked_for<int>(constant),
+            "TypeError: the keyword argument is a context item of the type const int, not a context item of the type "
+            "int");
+  EXPECT_EQ(asked_for<int>(Value("5")),
+            "TypeError: the keyword argument is the value '5', not a context item of the type int");
+  EXPECT_FALSE(item.is_item<long>() || KeywordArgument(Value(5)).is_item<int>());
+  EXPECT_EQ(outcome_of([&] { return item.value(); }),
+            "TypeError: the keyword argument is a context item of the type int, not a value");
+}
+
+TEST(KeywordArgument, HandsAContextItemOutAsTheBasesThatItWasMadeWith) {
+  Both both;
+  const KeywordArgument item = KeywordArgument::context(both, bases<Second, First>);
+  EXPECT_TRUE(&item.item<Both>() == &both && &item.item<First>() == &both && &item.item<const Second>() == &both);
+  EXPECT_EQ(item.item<Second>().second, 2);
+  EXPECT_FALSE(KeywordArgument::context(both).is_item<First>());
+  const KeywordArgument constant = KeywordArgument::context(std::as_const(both), bases<Second>);
+  EXPECT_TRUE(constant.is_item<const Second>() && !constant.is_item<Second>());
+  EXPECT_EQ(constant.item<const Second>().second, 2);
+}
+
+TEST(KeywordArgument, SharesTheOwnershipOfAnItemThatIsShared) {
+  auto shared = std::make_shared<Both>();
+  const std::weak_ptr<Both> watched = shared;
+  auto base = KeywordArgument::context(std::move(shared), bases<Second>).shared_item<const Second>();
+  EXPECT_EQ(base->second, 2);
+  EXPECT_FALSE(watched.expired());
+  base.reset();
+  EXPECT_TRUE(watched.expired());
 }
 
 TEST(KeywordArgument, EqualsItsCopiesWhichShareTheItemUntilTheLastOneGoes) {
