@@ -10,6 +10,7 @@
 #include <system_error>
 #include <vector>
 
+#include "limits.hpp"
 #include "text.hpp"
 #include "tool_binding/errors.hpp"
 #include "tool_binding/value.hpp"
@@ -115,7 +116,11 @@ std::string path_below(const std::filesystem::path& root, std::string_view asked
       parts.pop_back();
     }
   }
-  return joined(parts);
+  std::string path = joined(parts);
+  if (path.size() > most_path_bytes) {
+    refuse(asked, "is longer than the " + std::to_string(most_path_bytes) + " bytes of a path");
+  }
+  return path;
 }
 
 Descriptor open_below(const Descriptor& root, const std::string& path, Wanted wanted) {

@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "repository.hpp"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <memory>
+#include <optional>
 #include <system_error>
 
 #include "text.hpp"
 #include "tool_binding/errors.hpp"
 #include "tool_binding/value.hpp"
+#include "walk.hpp"
 
 namespace repo_daemon {
 
@@ -29,78 +29,72 @@ Descriptor opened_root(const std::filesystem::path& root) {
   return opened;
 }
 
-SourceFile file_of(std::string path, const struct stat& facts) {
-  return {std::move(path), facts.st_size, std::int64_t{facts.st_mtim.tv_sec} * 1'000'000'000 + facts.st_mtim.tv_nsec};
+/// The facts of a file, nothing for a directory.
+std::optional<struct stat> file_facts(const Descriptor& opened) {
+  struct stat facts;
+  return fstat(opened.number(), &facts) == 0 && S_ISREG(facts.st_mode) ? std::optional(facts) : std::nullopt;
 }
 
-/// Collects the files of one directory after another; the directories found meanwhile wait their turn, so that neither
-/// the stack nor the number of open files grows with the depth of the tree.
-class Walk {
- public:
-  explicit Walk(const Descriptor& root) : root_(root) {}
-
-  Listing files_below(const std::string& path) {
-    waiting_.push_back(path);
-    while (!waiting_.empty() && listing_.complete) {
-      const std::string directory = std::move(waiting_.back());
-      waiting_.pop_back();
-      visit(directory);
-    }
-    std::sort(listing_.files.begin(), listing_.files.end(),
-              [](const SourceFile& left, const SourceFile& right) { return left.path < right.path; });
-    return std::move(listing_);
-  }
-
- private:
-  /// A directory that cannot be read, or is gone by now, has no files.
-  void visit(const std::string& path) {
-    try {
-      enter(path, open_below(root_, path, Wanted::directory));
-    } catch (const tb::ArgumentError&) {
-    }
-  }
-
-  void enter(const std::string& path, const Descriptor& directory) {
-    const std::unique_ptr<DIR, int (*)(DIR*)> entries(fdopendir(dup(directory.number())), closedir);
-    while (entries && listing_.complete) {
-      const dirent* const entry = readdir(entries.get());
-      if (entry == nullptr) {
-        return;
-      }
-      if (entry->d_name[0] != '.') {
-        add(directory, entry->d_name, path.empty() ? entry->d_name : path + "/" + entry->d_name);
-      }
-    }
-  }
-
-  void add(const Descriptor& directory, const char* name, std::string path) {
-    struct stat facts;
-    if (fstatat(directory.number(), name, &facts, AT_SYMLINK_NOFOLLOW) != 0) {
-      return;
-    }
-    if (S_ISDIR(facts.st_mode)) {
-      waiting_.push_back(std::move(path));
-    } else if (S_ISREG(facts.st_mode)) {
-      listing_.files.push_back(file_of(std::move(path), facts));
-    }
-    listing_.complete = listing_.files.size() + waiting_.size() <= Repository::most_files;
-  }
-
-  const Descriptor& root_;
-  Listing listing_;
-  std::vector<std::string> waiting_;
-};
+std::string name_of(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
 [[noreturn]] void refuse(const std::string& path, const std::string& words) {
   throw tb::ArgumentError(tb::quoted_form(shown(path)).append(" ").append(words));
 }
 
+}  // namespace
+
+Repository::Repository(const std::filesystem::path& directory, const Limits& limits)
+    : limits_(limits), root_(std::filesystem::canonical(directory)), directory_(opened_root(root_)) {}
+
+Listing Repository::files_below(std::string_view asked, const Glob& glob, const Deadline& deadline) const {
+  const std::string path = path_of(asked);
+  Descriptor opened = open_below(directory_, path, Wanted::either);
+  const std::optional<struct stat> facts = file_facts(opened);
+  if (!facts) {
+    return Walk(limits_, glob, deadline).files_below(std::move(opened), path);
+  }
+  Listing listing;
+  if (glob.matches(path)) {
+    listing.files.push_back(file_of(path, *facts));
+  }
+  return listing;
+}
+
+DirectoryListing Repository::entries_of(std::string_view asked, const Glob& glob, const Deadline& deadline) const {
+  const std::string path = path_of(asked);
+  const Descriptor opened = open_below(directory_, path, Wanted::either);
+  const std::optional<struct stat> facts = file_facts(opened);
+  if (!facts) {
+    return Walk(limits_, glob, deadline).entries_of(opened, path);
+  }
+  DirectoryListing listing;
+  if (glob.matches(path)) {
+    listing.entries.push_back({.name = name_of(path), .bytes = facts->st_size});
+  }
+  return listing;
+}
+
+std::string Repository::text_of(const std::string& path, const Deadline& deadline) const {
+  std::string content = content_of(path, deadline);
+  if (content.size() > limits_.file_bytes) {
+    refuse(path, "is larger than the " + std::to_string(limits_.file_bytes) + " bytes that are read of one file");
+  }
+  if (content.find('\0') != std::string::npos) {
+    refuse(path, "holds binary data, not text");
+  }
+  return content;
+}
+
 /// The content, or enough of it to see that it is more than a request looks at, whatever the file grows to meanwhile.
-std::string content_of(const Descriptor& file, const std::string& path) {
+std::string Repository::content_of(const std::string& path, const Deadline& deadline) const {
   constexpr std::size_t piece = 64 * 1024;
+  const Descriptor file = open_below(directory_, path, Wanted::file);
   std::string content;
   std::size_t filled = 0;
-  while (filled <= Repository::most_bytes) {
+  while (filled <= limits_.file_bytes) {
+    if (deadline.has_passed()) {
+      refuse(path, "could not be read in time");
+    }
     content.resize(filled + piece);
     const ssize_t count = ::read(file.number(), content.data() + filled, piece);
     if (count < 0 && errno != EINTR) {
@@ -112,32 +106,6 @@ std::string content_of(const Descriptor& file, const std::string& path) {
     }
   }
   content.resize(filled);
-  return content;
-}
-
-}  // namespace
-
-Repository::Repository(const std::filesystem::path& directory)
-    : root_(std::filesystem::canonical(directory)), directory_(opened_root(root_)) {}
-
-Listing Repository::files_below(std::string_view asked) const {
-  const std::string path = path_of(asked);
-  const Descriptor opened = open_below(directory_, path, Wanted::either);
-  struct stat facts;
-  if (fstat(opened.number(), &facts) == 0 && S_ISREG(facts.st_mode)) {
-    return {.files = {file_of(path, facts)}};
-  }
-  return Walk(directory_).files_below(path);
-}
-
-std::string Repository::text_of(const std::string& path) const {
-  std::string content = content_of(open_below(directory_, path, Wanted::file), path);
-  if (content.size() > most_bytes) {
-    refuse(path, "is larger than the " + std::to_string(most_bytes) + " bytes that are read of one file");
-  }
-  if (content.find('\0') != std::string::npos) {
-    refuse(path, "holds binary data, not text");
-  }
   return content;
 }
 

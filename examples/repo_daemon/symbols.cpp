@@ -81,7 +81,7 @@ std::optional<Symbol> declared_by_word(std::string_view line, std::size_t number
   while (name.ends_with(':')) {
     name.remove_suffix(1);
   }
-  return name.empty() ? std::nullopt : std::optional(Symbol{number, kind, std::string(name)});
+  return name.empty() ? std::nullopt : std::optional(Symbol{number, kind, name});
 }
 
 /// "int name(...) {", with what stands before the name.
@@ -101,7 +101,7 @@ std::optional<Symbol> declared_by_shape(std::string_view line, std::size_t numbe
       holds(statements, name)) {
     return std::nullopt;
   }
-  return Symbol{number, "function", std::string(name)};
+  return Symbol{number, "function", name};
 }
 
 /// "## Words" of a document.
@@ -110,7 +110,7 @@ std::optional<Symbol> heading(std::string_view line, std::size_t number) {
   if (level == 0 || level > 6 || level == line.size() || line[level] != ' ') {
     return std::nullopt;
   }
-  return Symbol{number, "heading", std::string(without_indent(line.substr(level)))};
+  return Symbol{number, "heading", without_indent(line.substr(level))};
 }
 
 std::optional<Symbol> declared_by(std::string_view line, std::size_t number) {
@@ -120,18 +120,16 @@ std::optional<Symbol> declared_by(std::string_view line, std::size_t number) {
 
 }  // namespace
 
-std::vector<Symbol> symbols_of(std::string_view path, std::string_view text) {
+void each_symbol(std::string_view path, std::string_view text, const std::function<void(const Symbol&)>& use) {
   const bool is_document = path.ends_with(".md");
-  std::vector<Symbol> symbols;
-  std::size_t number = 0;
-  for (const std::string_view line : lines_of(text)) {
-    ++number;
-    std::optional<Symbol> symbol = is_document ? heading(line, number) : declared_by(without_indent(line), number);
+  Lines lines(text);
+  for (std::size_t number = 1; const std::optional<std::string_view> line = lines.next(); ++number) {
+    const std::optional<Symbol> symbol =
+        is_document ? heading(*line, number) : declared_by(without_indent(*line), number);
     if (symbol) {
-      symbols.push_back(std::move(*symbol));
+      use(*symbol);
     }
   }
-  return symbols;
 }
 
 }  // namespace repo_daemon

@@ -2,6 +2,8 @@
 #include "text.hpp"
 
 #include <algorithm>
+#include <cstdio>
+#include <iterator>
 #include <utility>
 
 namespace repo_daemon {
@@ -39,31 +41,101 @@ std::size_t character_length(std::string_view text) {
   return std::all_of(rest.begin(), rest.end(), continues) ? lead->length : 0;
 }
 
-}  // namespace
+constexpr char32_t not_utf8 = 0xDC00;
+constexpr std::string_view replacement = "\xEF\xBF\xBD";
 
-std::vector<std::string_view> lines_of(std::string_view text) {
-  std::vector<std::string_view> lines;
-  while (!text.empty()) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
-    std::string_view line = text.substr(0, end);
-    if (line.ends_with('\r')) {
-      line.remove_suffix(1);
-    }
-    lines.push_back(line);
-    text.remove_prefix(std::min(end + 1, text.size()));
-  }
-  return lines;
+bool is_not_utf8(char32_t character) { return (character & 0xFFFFFF00U) == not_utf8; }
+
+struct Range {
+  char32_t first;
+  char32_t last;
+};
+
+/// Control characters, and those of the Unicode Standard that are not seen, that direct the text around them or that
+/// end a line. The two joiners are no part of it: scripts and emoji are spelled with them.
+constexpr Range deceptive[] = {{0x00, 0x1F},     {0x7F, 0x9F},     {0xAD, 0xAD},     {0x61C, 0x61C},
+                               {0x180E, 0x180E}, {0x200B, 0x200B}, {0x200E, 0x200F}, {0x2028, 0x202E},
+                               {0x2060, 0x206F}, {0xFEFF, 0xFEFF}, {0xFFF9, 0xFFFB}, {0xE0000, 0xE0FFF}};
+
+bool is_deceptive(char32_t character) {
+  return std::any_of(std::begin(deceptive), std::end(deceptive),
+                     [&](const Range& range) { return range.first <= character && character <= range.last; });
 }
 
-std::string well_formed(std::string_view text) {
+/// A byte that is no UTF-8 is "\xe9", the character of that number "\u00e9".
+std::string escape_of(char32_t character) {
+  switch (character) {
+    case '\t':
+      return "\\t";
+    case '\n':
+      return "\\n";
+    case '\r':
+      return "\\r";
+    case '\\':
+      return "\\\\";
+    default:
+      break;
+  }
+  const char* const form = character < 0x80 || is_not_utf8(character) ? "\\x%02x"
+                           : character < 0x10000                      ? "\\u%04x"
+                                                                      : "\\U%08x";
+  char escape[16];
+  std::snprintf(escape, sizeof escape, form,
+                static_cast<unsigned>(is_not_utf8(character) ? character - not_utf8 : character));
+  return escape;
+}
+
+/// The text with an escape for each character that is to be escaped, and well-formed.
+template <class IsEscaped>
+std::string with_escapes(std::string_view text, const IsEscaped& is_escaped) {
   std::string result;
   result.reserve(text.size());
   while (!text.empty()) {
-    const std::size_t length = character_length(text);
-    result += length == 0 ? std::string_view("\xEF\xBF\xBD") : text.substr(0, length);
-    text.remove_prefix(std::max<std::size_t>(length, 1));
+    const std::string_view from = text;
+    const char32_t character = take_character(text);
+    if (is_escaped(character)) {
+      result += escape_of(character);
+    } else {
+      result += is_not_utf8(character) ? replacement : from.substr(0, from.size() - text.size());
+    }
   }
   return result;
+}
+
+}  // namespace
+
+std::optional<std::string_view> Lines::next() noexcept {
+  if (rest_.empty()) {
+    return std::nullopt;
+  }
+  const std::size_t end = std::min(rest_.find('\n'), rest_.size());
+  std::string_view line = rest_.substr(0, end);
+  rest_.remove_prefix(std::min(end + 1, rest_.size()));
+  if (line.ends_with('\r')) {
+    line.remove_suffix(1);
+  }
+  return line;
+}
+
+std::size_t line_count(std::string_view text) noexcept {
+  const auto line_feeds = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+  return line_feeds + (text.empty() || text.ends_with('\n') ? 0 : 1);
+}
+
+char32_t take_character(std::string_view& text) noexcept {
+  constexpr unsigned char bits_of_lead[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
+  const std::size_t length = character_length(text);
+  const auto lead = static_cast<unsigned char>(text.front());
+  char32_t character = length == 0 ? not_utf8 + lead : lead & bits_of_lead[length];
+  for (std::size_t place = 1; place < length; ++place) {
+    character = character << 6 | (static_cast<unsigned char>(text[place]) & 0x3FU);
+  }
+  text.remove_prefix(std::max<std::size_t>(length, 1));
+  return character;
+}
+
+std::string well_formed(std::string_view text) {
+  return with_escapes(text, [](char32_t) { return false; });
 }
 
 std::string shown(std::string_view text, std::size_t most_bytes) {
@@ -77,12 +149,26 @@ std::string shown(std::string_view text, std::size_t most_bytes) {
   return std::string(text.substr(0, end)) + "…";
 }
 
+std::string shown_line(std::string_view line) {
+  return with_escapes(shown(line), [](char32_t character) { return character != '\t' && is_deceptive(character); });
+}
+
+std::string shown_name(std::string_view name) {
+  return with_escapes(
+      name, [](char32_t character) { return character == '\\' || is_deceptive(character) || is_not_utf8(character); });
+}
+
 std::string counted(std::size_t count, std::string_view noun, std::string_view plural) {
   const std::string words = std::to_string(count) + " ";
   if (count != 1 && !plural.empty()) {
     return words + std::string(plural);
   }
   return words + std::string(noun) + (count == 1 ? "" : "s");
+}
+
+std::string in_seconds(std::chrono::milliseconds time) {
+  const auto count = static_cast<std::size_t>(time.count());
+  return count % 1000 == 0 ? counted(count / 1000, "second") : counted(count, "millisecond");
 }
 
 void Report::add(std::string_view line) {

@@ -16,19 +16,21 @@ namespace tb = tool_binding;
 tb::Value files(const tb::KeywordArguments& arguments) {
   const Keywords keywords("files", arguments);
   const auto& repository = keywords.context<const Repository>("repository");
-  Listing listing = chosen_files(repository, keywords.text_or("path", ""), keywords.texts("patterns"));
+  const Deadline deadline(repository.limits());
+  Listing listing = repository.files_below(keywords.text_or("path", ""), chosen_by(keywords), deadline);
   std::stable_sort(listing.files.begin(), listing.files.end(),
                    [](const SourceFile& left, const SourceFile& right) { return left.modified > right.modified; });
   const std::size_t count = std::min(keywords.required_count("limit"), listing.files.size());
   Report report;
   for (std::size_t place = 0; place < count; ++place) {
     const SourceFile& file = listing.files[place];
-    report.add(utc(file.modified) + "  " + file.path + "  " + counted(static_cast<std::size_t>(file.bytes), "byte"));
+    report.add(utc(file.modified) + "  " + shown_name(file.path) + "  " +
+               counted(static_cast<std::size_t>(file.bytes), "byte"));
   }
   return std::move(report).text(
       counted(listing.files.size(), "file") +
       (listing.files.size() > count ? ", the newest " + std::to_string(count) + " shown" : "") +
-      completeness_of(listing));
+      listing.left_out.words());
 }
 
 }  // namespace
@@ -40,7 +42,7 @@ tb::RegistryEntry files_tool() {
                .params = {{.name = "patterns",
                            .type = "array",
                            .synonyms = {"pattern", "glob", "name"},
-                           .description = "As *.cpp or src/**/*.hpp; a file is listed when one matches.",
+                           .description = "As *.cpp or src/**/*.{hpp,cpp}; a file is listed when one matches.",
                            .items_type = "string",
                            .default_ = std::vector<tb::Value>{"*"}},
                           {.name = "path",

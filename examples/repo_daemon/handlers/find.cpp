@@ -2,6 +2,9 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
+#include <deque>
+#include <optional>
+#include <vector>
 
 #include "handlers/chosen_files.hpp"
 #include "handlers/search_actions.hpp"
@@ -23,13 +26,30 @@ std::string in_lower_case(std::string_view text) {
   return lower;
 }
 
+/// For each beginning of a text the length of the longest shorter one that it ends with.
+std::vector<std::size_t> borders_of(std::string_view text) {
+  std::vector<std::size_t> borders(text.size());
+  std::size_t matched = 0;
+  for (std::size_t place = 1; place < text.size(); ++place) {
+    while (matched > 0 && text[place] != text[matched]) {
+      matched = borders[matched - 1];
+    }
+    if (text[place] == text[matched]) {
+      ++matched;
+    }
+    borders[place] = matched;
+  }
+  return borders;
+}
+
 /// What is looked for. A regular expression would let one request take any time; this is linear.
 class Query {
  public:
   explicit Query(const Keywords& keywords)
       : ignores_case_(keywords.flag("ignore_case")),
         whole_word_(keywords.value("match").is("word")),
-        text_(ignores_case_ ? in_lower_case(keywords.required_text("query")) : keywords.required_text("query")) {}
+        text_(ignores_case_ ? in_lower_case(keywords.required_text("query")) : keywords.required_text("query")),
+        borders_(whole_word_ ? borders_of(text_) : std::vector<std::size_t>()) {}
 
   [[nodiscard]] bool is_in(std::string_view line) const {
     return ignores_case_ ? stands_in(in_lower_case(line)) : stands_in(line);
@@ -37,22 +57,26 @@ class Query {
 
  private:
   [[nodiscard]] bool stands_in(std::string_view line) const {
-    std::size_t from = 0;
-    while (const char* const found = found_in(line.substr(from))) {
-      const auto begin = static_cast<std::size_t>(found - line.data());
-      if (!whole_word_ || (is_edge(line, begin) && is_edge(line, begin + text_.size()))) {
-        return true;
+    const auto* const found = static_cast<const char*>(memmem(line.data(), line.size(), text_.data(), text_.size()));
+    return found != nullptr && (!whole_word_ || is_word_from(line, static_cast<std::size_t>(found - line.data())));
+  }
+
+  /// Whether the text stands as a word at `begin` or behind it. Occurrences may overlap: the scan never steps back in
+  /// the line, but goes on with the part of the text that ends where the line has been read to (Knuth, Morris, Pratt).
+  [[nodiscard]] bool is_word_from(std::string_view line, std::size_t begin) const {
+    std::size_t matched = 0;
+    for (std::size_t place = begin; place < line.size(); ++place) {
+      while (matched > 0 && (matched == text_.size() || line[place] != text_[matched])) {
+        matched = borders_[matched - 1];
       }
-      from = begin + 1;
-      while (!is_edge(line, from)) {
-        ++from;
+      if (line[place] == text_[matched]) {
+        ++matched;
+      }
+      if (matched == text_.size() && is_edge(line, place + 1 - matched) && is_edge(line, place + 1)) {
+        return true;
       }
     }
     return false;
-  }
-
-  [[nodiscard]] const char* found_in(std::string_view line) const {
-    return static_cast<const char*>(memmem(line.data(), line.size(), text_.data(), text_.size()));
   }
 
   /// Whether no word goes on from the byte before `place` to the one at it.
@@ -63,6 +87,7 @@ class Query {
   bool ignores_case_;
   bool whole_word_;
   std::string text_;
+  std::vector<std::size_t> borders_;
 };
 
 /// Collects what was found in one file after another.
@@ -72,34 +97,43 @@ class Finding {
       : query_(keywords), limit_(keywords.required_count("limit")), around_(keywords.required_count("context_lines")) {}
 
   void look_through(const SourceFile& file, std::string_view text) {
-    const std::vector<std::string_view> lines = lines_of(text);
+    const std::string path = shown_name(file.path);
     const std::size_t found_before = found_;
-    std::size_t next_to_show = 0;
-    for (std::size_t place = 0; place < lines.size(); ++place) {
-      if (query_.is_in(lines[place]) && ++found_ <= limit_) {
-        show(file, lines, place, next_to_show);
+    std::deque<std::string_view> before;  // lines that are shown if one is found soon
+    std::size_t to_show = 0;              // lines that are shown because one was found
+    Lines lines(text);
+    for (std::size_t number = 1; const std::optional<std::string_view> line = lines.next(); ++number) {
+      const bool is_found = query_.is_in(*line);
+      if (is_found && ++found_ <= limit_) {
+        show_before(path, number, before);
+        to_show = around_ + 1;
+      }
+      if (to_show > 0) {
+        show(path, number, is_found ? ":" : "-", *line);
+        --to_show;
+      } else if (before.push_back(*line); before.size() > around_) {
+        before.pop_front();
       }
     }
     files_ += found_ > found_before ? 1 : 0;
   }
 
-  [[nodiscard]] std::string report(const Reading& reading, const std::string& completeness) && {
-    return std::move(report_).text(
-        counted(found_, "line") + " in " + counted(files_, "file") + " of " + std::to_string(reading.files) +
-        (found_ > limit_ ? ", the first " + std::to_string(limit_) + " shown" : "") + completeness + reading.remarks());
+  [[nodiscard]] std::string report(const Reading& reading, const Listing& listing) && {
+    return std::move(report_).text(counted(found_, "line") + " in " + counted(files_, "file") + " of " +
+                                   std::to_string(reading.files) +
+                                   (found_ > limit_ ? ", the first " + std::to_string(limit_) + " shown" : "") +
+                                   listing.left_out.words() + reading.remarks());
   }
 
  private:
-  /// Shows a line found and those around it, except for those that are shown already.
-  void show(const SourceFile& file, const std::vector<std::string_view>& lines, std::size_t found,
-            std::size_t& next_to_show) {
-    const std::size_t begin = std::max(next_to_show, found - std::min(found, around_));
-    const std::size_t end = std::min(lines.size(), found + around_ + 1);
-    for (std::size_t place = begin; place < end; ++place) {
-      const char* const mark = query_.is_in(lines[place]) ? ":" : "-";
-      report_.add(file.path + mark + std::to_string(place + 1) + mark + " " + shown(lines[place]));
+  void show_before(const std::string& path, std::size_t found, std::deque<std::string_view>& before) {
+    for (; !before.empty(); before.pop_front()) {
+      show(path, found - before.size(), "-", before.front());
     }
-    next_to_show = std::max(next_to_show, end);
+  }
+
+  void show(const std::string& path, std::size_t number, const char* mark, std::string_view line) {
+    report_.add(path + mark + std::to_string(number) + mark + " " + shown_line(line));
   }
 
   Query query_;
@@ -114,11 +148,11 @@ class Finding {
 
 std::string find_text(const Keywords& keywords, const Repository& repository) {
   Finding finding(keywords);
-  const Listing listing = chosen_files(repository, keywords.text_or("path", ""), keywords.texts("patterns"));
-  const Reading reading = read_each(repository, listing.files, [&](const SourceFile& file, std::string_view text) {
-    finding.look_through(file, text);
-  });
-  return std::move(finding).report(reading, completeness_of(listing));
+  const Deadline deadline(repository.limits());
+  const Listing listing = repository.files_below(keywords.text_or("path", ""), chosen_by(keywords), deadline);
+  const auto look = [&](const SourceFile& file, std::string_view text) { finding.look_through(file, text); };
+  const Reading reading = read_each(repository, listing.files, deadline, look);
+  return std::move(finding).report(reading, listing);
 }
 
 }  // namespace repo_daemon

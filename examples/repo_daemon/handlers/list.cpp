@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <map>
+#include <algorithm>
 
 #include "handlers/chosen_files.hpp"
 #include "handlers/search_actions.hpp"
@@ -9,48 +9,25 @@ namespace repo_daemon {
 
 namespace {
 
-/// What stands in a directory: a file's bytes, or the number of files below a directory.
-struct Entry {
-  bool is_directory = false;
-  std::size_t count = 0;
-};
-
-std::map<std::string, Entry> entries_of(const Listing& listing, const std::string& directory) {
-  std::map<std::string, Entry> entries;
-  for (const SourceFile& file : listing.files) {
-    std::string_view rest = file.path;
-    if (rest == directory) {
-      rest.remove_prefix(rest.rfind('/') + 1);
-    } else if (!directory.empty()) {
-      rest.remove_prefix(directory.size() + 1);
-    }
-    const std::size_t slash = rest.find('/');
-    const bool is_directory = slash != std::string_view::npos;
-    Entry& entry = entries[std::string(rest.substr(0, slash))];
-    entry.is_directory = is_directory;
-    entry.count += is_directory ? 1 : static_cast<std::size_t>(file.bytes);
-  }
-  return entries;
+std::string line_of(const DirectoryEntry& entry) {
+  return shown_name(entry.name) +
+         (entry.is_directory ? "/" : "  " + counted(static_cast<std::size_t>(entry.bytes), "byte"));
 }
 
 }  // namespace
 
 std::string list_directory(const Keywords& keywords, const Repository& repository) {
-  const std::string path = keywords.text_or("path", "");
-  const Listing listing = chosen_files(repository, path, keywords.texts("patterns"));
-  const std::map<std::string, Entry> entries = entries_of(listing, repository.path_of(path));
+  const DirectoryListing listing =
+      repository.entries_of(keywords.text_or("path", ""), chosen_by(keywords), Deadline(repository.limits()));
   const std::size_t limit = keywords.required_count("limit");
   Report report;
-  std::size_t shown_entries = 0;
-  for (const auto& [name, entry] : entries) {
-    if (++shown_entries <= limit) {
-      report.add(entry.is_directory ? name + "/  " + counted(entry.count, "file")
-                                    : name + "  " + counted(entry.count, "byte"));
-    }
+  for (std::size_t place = 0; place < std::min(limit, listing.entries.size()); ++place) {
+    report.add(line_of(listing.entries[place]));
   }
-  return std::move(report).text(counted(entries.size(), "entry", "entries") +
-                                (entries.size() > limit ? ", the first " + std::to_string(limit) + " shown" : "") +
-                                completeness_of(listing));
+  return std::move(report).text(
+      counted(listing.entries.size(), "entry", "entries") +
+      (listing.entries.size() > limit ? ", the first " + std::to_string(limit) + " shown" : "") +
+      listing.left_out.words());
 }
 
 }  // namespace repo_daemon

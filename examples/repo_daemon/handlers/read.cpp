@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <optional>
 
 #include "handlers/keywords.hpp"
 #include "repository.hpp"
@@ -15,9 +16,9 @@ namespace tb = tool_binding;
 
 constexpr std::size_t most_lines = 400;
 
-void require_line(std::size_t first, const std::vector<std::string_view>& lines, const std::string& path) {
-  if (first > std::max<std::size_t>(lines.size(), 1)) {
-    throw tb::ArgumentError(tb::quoted_form(shown(path)) + " ends with line " + std::to_string(lines.size()));
+void require_line(std::size_t first, std::size_t count, const std::string& path) {
+  if (first > std::max<std::size_t>(count, 1)) {
+    throw tb::ArgumentError(tb::quoted_form(shown(path)) + " ends with line " + std::to_string(count));
   }
 }
 
@@ -25,18 +26,21 @@ tb::Value read(const tb::KeywordArguments& arguments) {
   const Keywords keywords("read", arguments);
   const auto& repository = keywords.context<const Repository>("repository");
   const std::string path = repository.path_of(keywords.required_text("path"));
-  const std::string text = repository.text_of(path);
-  const std::vector<std::string_view> lines = lines_of(text);
+  const std::string text = repository.text_of(path, Deadline(repository.limits()));
+  const std::size_t count = line_count(text);
   const std::size_t first = keywords.required_count("first_line");
-  require_line(first, lines, path);
-  const std::size_t last =
-      std::min({keywords.count("last_line").value_or(lines.size()), lines.size(), first + most_lines - 1});
+  require_line(first, count, path);
+  const std::size_t last = std::min({keywords.count("last_line").value_or(count), count, first + most_lines - 1});
   Report report;
-  report.add(path + ": " +
+  report.add(shown_name(path) + ": " +
              (last < first ? "no line" : "lines " + std::to_string(first) + " to " + std::to_string(last)) + " of " +
-             std::to_string(lines.size()));
-  for (std::size_t number = first; number <= last; ++number) {
-    report.add(std::to_string(number) + ": " + shown(lines[number - 1]));
+             std::to_string(count));
+  Lines lines(text);
+  for (std::size_t number = 1; number <= last; ++number) {
+    const std::optional<std::string_view> line = lines.next();
+    if (number >= first) {
+      report.add(std::to_string(number) + ": " + shown_line(*line));
+    }
   }
   return std::move(report).text();
 }

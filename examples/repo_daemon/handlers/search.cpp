@@ -51,7 +51,7 @@ std::vector<tb::ParamSpec> declared_parameters() {
           {.name = "patterns",
            .type = "array",
            .synonyms = {"pattern", "glob", "include"},
-           .description = "The files to look at, as *.cpp or src/**/*.hpp; none stands for all.",
+           .description = "The files to look at, as *.cpp or src/**/*.{hpp,cpp}; none stands for all.",
            .items_type = "string"},
           {.name = "match",
            .type = "string",

@@ -23,7 +23,8 @@ struct Counts {
   }
 
   [[nodiscard]] std::string line() const {
-    return kind + ": " + counted(files, "file") + ", " + counted(lines, "line") + ", " + counted(bytes, "byte");
+    return shown_name(kind) + ": " + counted(files, "file") + ", " + counted(lines, "line") + ", " +
+           counted(bytes, "byte");
   }
 };
 
@@ -50,18 +51,20 @@ std::vector<Counts> sorted(const std::map<std::string, Counts>& by_kind) {
 std::string count_lines(const Keywords& keywords, const Repository& repository) {
   std::map<std::string, Counts> by_kind;
   Counts total = {.kind = "in all"};
-  const Listing listing = chosen_files(repository, keywords.text_or("path", ""), keywords.texts("patterns"));
-  const Reading reading = read_each(repository, listing.files, [&](const SourceFile& file, std::string_view text) {
-    const Counts counts = {kind_of(file.path), 1, lines_of(text).size(), text.size()};
+  const Deadline deadline(repository.limits());
+  const Listing listing = repository.files_below(keywords.text_or("path", ""), chosen_by(keywords), deadline);
+  const auto count = [&](const SourceFile& file, std::string_view text) {
+    const Counts counts = {kind_of(file.path), 1, line_count(text), text.size()};
     by_kind.try_emplace(counts.kind, Counts{.kind = counts.kind}).first->second.add(counts);
     total.add(counts);
-  });
+  };
+  const Reading reading = read_each(repository, listing.files, deadline, count);
   Report report;
   const std::vector<Counts> kinds = sorted(by_kind);
   for (std::size_t place = 0; place < std::min(keywords.required_count("limit"), kinds.size()); ++place) {
     report.add(kinds[place].line());
   }
-  return std::move(report).text(total.line() + completeness_of(listing) + reading.remarks());
+  return std::move(report).text(total.line() + listing.left_out.words() + reading.remarks());
 }
 
 }  // namespace repo_daemon

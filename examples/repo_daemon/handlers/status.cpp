@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 
-#include "handlers/chosen_files.hpp"
 #include "handlers/keywords.hpp"
+#include "repository.hpp"
 #include "text.hpp"
 #include "tools.hpp"
 #include "utc.hpp"
@@ -16,7 +16,7 @@ namespace tb = tool_binding;
 tb::Value status(const tb::KeywordArguments& arguments) {
   const Keywords keywords("status", arguments);
   const auto& repository = keywords.context<const Repository>("repository");
-  const Listing listing = repository.files_below("");
+  const Listing listing = repository.files_below("", Glob({}), Deadline(repository.limits()));
   std::size_t bytes = 0;
   for (const SourceFile& file : listing.files) {
     bytes += static_cast<std::size_t>(file.bytes);
@@ -25,10 +25,10 @@ tb::Value status(const tb::KeywordArguments& arguments) {
       std::max_element(listing.files.begin(), listing.files.end(),
                        [](const SourceFile& left, const SourceFile& right) { return left.modified < right.modified; });
   Report report;
-  report.add("root: " + keywords.context<const std::filesystem::path>("root").string());
-  report.add(counted(listing.files.size(), "file") + ", " + counted(bytes, "byte") + completeness_of(listing));
+  report.add("root: " + shown_name(keywords.context<const std::filesystem::path>("root").native()));
+  report.add(counted(listing.files.size(), "file") + ", " + counted(bytes, "byte") + listing.left_out.words());
   if (newest != listing.files.end()) {
-    report.add("newest: " + newest->path + ", " + utc(newest->modified));
+    report.add("newest: " + shown_name(newest->path) + ", " + utc(newest->modified));
   }
   return std::move(report).text();
 }

@@ -15,7 +15,7 @@ class Conversation {
   Conversation() : daemon_({tree_.root()}) {}
   ~Conversation();
 
-  [[nodiscard]] const SourceTree& tree() const { return tree_; }
+  [[nodiscard]] SourceTree& tree() { return tree_; }
 
   /// Sends a line that is not answered.
   void tell(const std::string& line);

@@ -43,9 +43,21 @@ TEST(RepoDaemonParts, compare_paths_with_patterns) {
       {"?.c", {"a.c", "ä.c", "x/b.c"}, {".c", "ab.c"}},
       {"a*b*c", {"abc", "aXbXbXc"}, {"acb", "ab"}},
       {"", {""}, {"a"}},
+      {"*.{h,c}pp", {"a.hpp", "src/a.cpp"}, {"a.pp", "a.h,c", "a.{h,c}pp"}},
+      {"{src,lib/**}/{a,}*.c", {"src/a.c", "src/b.c", "lib/x/y.c"}, {"lib.c", "src/x/a.c", "etc/a.c"}},
+      {"{a{b,c},d}", {"ab", "ac", "d"}, {"a", "b", "abc", "ad"}},
+      {"[ch]pp", {"cpp", "hpp"}, {"pp", "xpp", "chpp", "[ch]pp"}},
+      {"[a-cä]", {"b", "ä", "x/c"}, {"d", "-", "Ã"}},
+      {"x[!a-c]y", {"xdy", "x-y", "x!y"}, {"xay", "x/y", "xy"}},
+      {"[]a-]", {"]", "a", "-"}, {"b", "[]a-]"}},
+      {R"(\[a\]\*)", {"[a]*"}, {"a", "[a]b", R"(\[a\]\*)"}},
+      {"./src/*", {"src/a"}, {"a", "lib/src/a"}},
+      {"/src/", {"src/a", "src/b/c"}, {"src", "lib/src/a"}},
+      {"**/a/**/b", {"a/b", "x/a/y/z/b"}, {"b", "a", "xa/b"}},
   };
   for (const auto& row : rows) {
-    const repo_daemon::Glob glob(row.pattern);
+    const std::string pattern = row.pattern;
+    const repo_daemon::Glob glob({&pattern, 1});
     for (const char* const path : row.matches) {
       EXPECT_TRUE(glob.matches(path)) << row.pattern << " and " << path;
     }
@@ -53,6 +65,36 @@ TEST(RepoDaemonParts, compare_paths_with_patterns) {
       EXPECT_FALSE(glob.matches(path)) << row.pattern << " and " << path;
     }
   }
+}
+
+TEST(RepoDaemonParts, refuse_patterns_that_mean_nothing) {
+  const struct {
+    std::vector<std::string> patterns;
+    const char* expected;
+  } rows[] = {
+      {{"a[b"}, "refused: the pattern 'a[b' has a '[' without its ']': write '\\[' for the character itself"},
+      {{"[]"}, "refused: the pattern '[]' has a '[' without its ']': write '\\[' for the character itself"},
+      {{"{a,{b}"}, "refused: the pattern '{a,{b}' has a '{' without its '}': write '\\{' for the character itself"},
+      {{"[z-a]"}, "refused: the pattern '[z-a]' has a range whose ends are the wrong way round"},
+      {{"[[:alpha:]]"},
+       "refused: the pattern '[[:alpha:]]' names a class of characters, which is not known: list the characters, as "
+       "[a-z]"},
+      {std::vector<std::string>(101),
+       "refused: there must not be more than 100 patterns, nor more than 400 bytes of them together"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(tb::outcome_of([&] { return repo_daemon::Glob(row.patterns).matches("a"); }), row.expected);
+  }
+}
+
+/// As many parts as the bytes that are allowed can come to.
+TEST(RepoDaemonParts, compare_with_the_largest_patterns) {
+  std::vector<std::string> patterns(100, "{,}");
+  patterns.front() += std::string(100, 'x');
+  const repo_daemon::Glob glob(patterns);
+  EXPECT_TRUE(glob.matches("a/" + std::string(100, 'x')));
+  EXPECT_TRUE(glob.matches("a/"));
+  EXPECT_FALSE(glob.matches("a"));
 }
 
 TEST(RepoDaemonParts, tell_what_a_line_declares) {
@@ -79,8 +121,11 @@ TEST(RepoDaemonParts, tell_what_a_line_declares) {
       {"a.md", "class Index {", ""},
   };
   for (const auto& row : rows) {
-    const std::vector<repo_daemon::Symbol> symbols = repo_daemon::symbols_of(row.path, row.line);
-    EXPECT_EQ(symbols.empty() ? "" : std::string(symbols[0].kind) + " " + symbols[0].name, row.expected) << row.line;
+    std::string found;
+    repo_daemon::each_symbol(row.path, row.line, [&](const repo_daemon::Symbol& symbol) {
+      found = std::string(symbol.kind) + " " + std::string(symbol.name);
+    });
+    EXPECT_EQ(found, row.expected) << row.line;
   }
 }
 
@@ -98,6 +143,32 @@ TEST(RepoDaemonParts, show_any_bytes_as_text) {
   };
   for (const auto& row : rows) {
     EXPECT_EQ(repo_daemon::well_formed(row.given), row.expected) << row.shows;
+  }
+}
+
+TEST(RepoDaemonParts, escape_what_would_not_be_seen_as_it_is) {
+  const struct {
+    const char* shows;
+    std::string given;
+    std::string as_name;
+    std::string as_line;
+  } rows[] = {
+      {"letters, emoji and joiners stay", "ä €\xF0\x9F\x99\x82\xE2\x80\x8D", "ä €\xF0\x9F\x99\x82\xE2\x80\x8D",
+       "ä €\xF0\x9F\x99\x82\xE2\x80\x8D"},
+      {"control characters", std::string("\0\n\r\x1B\x7F\xC2\x85", 7), R"(\x00\n\r\x1b\x7f\u0085)",
+       R"(\x00\n\r\x1b\x7f\u0085)"},
+      {"marks of direction", "\xE2\x80\xAE\xE2\x81\xA6\xD8\x9C", R"(\u202e\u2066\u061c)", R"(\u202e\u2066\u061c)"},
+      {"line separators and invisible characters", "\xE2\x80\xA8\xEF\xBB\xBF\xF3\xA0\x81\x81",
+       R"(\u2028\ufeff\U000e0041)", R"(\u2028\ufeff\U000e0041)"},
+      {"what stands in many sources stays in a line", "\t\\n", R"(\t\\n)", "\t\\n"},
+      {"a byte that is no UTF-8, and the character of that number", "\xE9\xC3\xA9",
+       R"(\xe9)"
+       "\xC3\xA9",
+       "\xEF\xBF\xBD\xC3\xA9"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(repo_daemon::shown_name(row.given), row.as_name) << row.shows;
+    EXPECT_EQ(repo_daemon::shown_line(row.given), row.as_line) << row.shows;
   }
 }
 

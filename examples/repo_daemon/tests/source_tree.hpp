@@ -18,9 +18,10 @@ class SourceTree {
 
   [[nodiscard]] std::string root() const { return (directory_ / "root").string(); }
 
- private:
+  /// Writes one more, with the directories that lead to it. The root is "root/".
   void write(const std::string& path, const std::string& content);
 
+ private:
   std::filesystem::path directory_;
   int written_ = 0;
 };

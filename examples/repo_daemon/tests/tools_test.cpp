@@ -33,10 +33,15 @@ TEST(RepoDaemonTools, find_lines) {
 TEST(RepoDaemonTools, list_outline_and_count) {
   expect_calls({
       {"a directory: neither links nor pipes nor hidden names", "search", R"({"action": "ls"})",
-       "README.md  34 bytes\nodd/  4 files\nsrc/  2 files\ntools/  1 file\n4 entries\n"
+       "README.md  34 bytes\nodd/\nsrc/\ntools/\n4 entries\n"
        "note: the action 'ls' was read as 'list'"},
       {"a directory below, within the limit", "search", R"({"action": "list", "path": "./src/", "limit": 1})",
        "index.cpp  127 bytes\n2 entries, the first 1 shown"},
+      {"what a pattern matches, and the directories in which it might match", "search",
+       R"({"action": "list", "patterns": ["src/*.{h,c}pp", "*.md"], "path": "."})",
+       "README.md  34 bytes\nodd/\nsrc/\ntools/\n4 entries"},
+      {"no directory in which no pattern can match", "search", R"({"action": "list", "patterns": "src/*.cpp"})",
+       "src/\n1 entry"},
       {"a file alone", "search", R"({"action": "list", "path": "src/index.hpp"})", "index.hpp  69 bytes\n1 entry"},
       {"the symbols of a source file", "search", R"({"action": "outline", "path": "src/index.cpp"})",
        "3: function Index::open\n7: function Index::close\n2 symbols"},
@@ -62,6 +67,10 @@ TEST(RepoDaemonTools, read_files_and_status) {
       {"by pattern, the newest first", "files", R"({"pattern": "index.*, **/run.??"})",
        "2001-09-09 00:46:40Z  src/index.cpp  127 bytes\n2001-09-08 23:46:40Z  src/index.hpp  69 bytes\n"
        "2001-09-08 22:46:40Z  tools/run.py  40 bytes\n3 files\nnote: 'pattern' was read as 'patterns'"},
+      {"a text is no list where its commas stand between braces", "files",
+       R"({"patterns": "[Rr]*.{md,py}, **/[!a-h]*.hpp"})",
+       "2001-09-09 01:46:40Z  README.md  34 bytes\n2001-09-08 23:46:40Z  src/index.hpp  69 bytes\n"
+       "2001-09-08 22:46:40Z  tools/run.py  40 bytes\n3 files"},
       {"all, as the registry's default says, and how many more", "files", R"({"limit": 1})",
        "2001-09-09 01:46:40Z  README.md  34 bytes\n8 files, the newest 1 shown"},
       {"what is served", "status", "{}", "root: ROOT\n8 files, 9437781 bytes\nnewest: README.md, 2001-09-09 01:46:40Z"},
@@ -79,7 +88,9 @@ TEST(RepoDaemonTools, refuse_what_the_registry_does_not_take) {
        "refused: Unknown action 'serch' for search: one of find, list, outline, stats"},
       {"what every call needs", "read", R"({"path": " "})", "refused: read needs 'path'"},
       {"patterns that would take long", "files", R"({"patterns": [")" + std::string(401, '*') + R"("]})",
-       "refused: the patterns must not be longer than 400 bytes together"},
+       "refused: there must not be more than 100 patterns, nor more than 400 bytes of them together"},
+      {"a pattern that is never closed", "files", R"({"patterns": ["*.{cpp"]})",
+       "refused: the pattern '*.{cpp' has a '{' without its '}': write '\\{' for the character itself"},
       {"a tool", "serch", "{}", "error: unknown tool 'serch'"},
       {"arguments that are no object", "read", "[]", "error: 'arguments' must be an object"},
   });
@@ -112,6 +123,8 @@ TEST(RepoDaemonTools, stay_below_the_root) {
        "refused: 'alias' is a symbolic link, and none is followed"},
       {"a zero byte, behind which a path would end", "read", R"({"path": "README.md\u0000.txt"})",
        "refused: 'README.md\\x00.txt' is no path"},
+      {"a path that no listing shows", "read", R"({"path": ")" + std::string(4097, 'x') + R"("})",
+       "refused: '" + std::string(300, 'x') + "…' is longer than the 4096 bytes of a path"},
       {"a pipe, which would keep the daemon waiting", "read", R"({"path": "pipe"})",
        "refused: 'pipe' is neither a file nor a directory"},
       {"what is not there", "read", R"({"path": "src/missing.cpp"})", "refused: 'src/missing.cpp' is not there"},
@@ -124,6 +137,44 @@ TEST(RepoDaemonTools, stay_below_the_root) {
       {"a file that is too large", "read", R"({"path": "odd/large.txt"})",
        "refused: 'odd/large.txt' is larger than the 8388608 bytes that are read of one file"},
   });
+}
+
+TEST(RepoDaemonTools, show_names_and_lines_that_cannot_be_taken_for_others) {
+  Conversation conversation;
+  conversation.tree().write("root/new/a\nREADME.md:1: b\\n.\xE9\x1B",
+                            "class A\x1B[2J\xE2\x80\xAE {\rREADME.md:9: \\n\t;\n");
+  const std::string name = R"(a\nREADME.md:1: b\\n.\xe9\x1b)";
+  const std::string line = "class A\\x1b[2J\\u202e {\\rREADME.md:9: \\n\t;";
+  const struct {
+    const char* tool;
+    const char* arguments;
+    std::string expected;
+  } rows[] = {
+      {"search", R"({"query": "class", "path": "new"})", "new/" + name + ":1: " + line + "\n1 line in 1 file of 1"},
+      {"search", R"({"action": "list", "path": "new"})", name + "  35 bytes\n1 entry"},
+      {"search", R"({"action": "stats", "path": "new"})",
+       R"(.\xe9\x1b)" + std::string(": 1 file, 1 line, 35 bytes\nin all: 1 file, 1 line, 35 bytes")},
+      {"files", R"({"path": "new"})", "2001-09-08 14:46:40Z  new/" + name + "  35 bytes\n1 file"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(conversation.call(row.tool, row.arguments), row.expected) << row.arguments;
+  }
+}
+
+/// Each occurrence of the word begins and ends within another one, so that none is whole.
+TEST(RepoDaemonTools, look_for_a_word_without_reading_a_line_again_for_each_occurrence) {
+  Conversation conversation;
+  std::string line;
+  for (int count = 0; count < 2'000'000; ++count) {
+    line += "ab-";
+  }
+  conversation.tree().write("root/long/line.txt", line);
+  conversation.tree().write("root/long/last.txt", line.substr(0, 30'000) + "b-a");
+  EXPECT_EQ(conversation.call("search",
+                              R"({"path": "long", "match": "word", "query": "b-)" + line.substr(0, 15'000) + "a\"}"),
+            "0 lines in 0 files of 2");
+  EXPECT_EQ(conversation.call("search", R"({"path": "long", "match": "word", "query": "ab-b-a"})"),
+            "long/last.txt:1: " + line.substr(0, 300) + "…\n1 line in 1 file of 2");
 }
 
 }  // namespace repo_daemon_test
