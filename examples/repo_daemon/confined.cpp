@@ -54,6 +54,12 @@ std::string joined(const std::vector<std::string>& parts) {
   return path;
 }
 
+void require_not_hidden(const std::filesystem::path& part, std::string_view asked) {
+  if (part.native().starts_with('.')) {
+    refuse(asked, "is hidden, and nothing hidden is served");
+  }
+}
+
 mode_t kind_of(int directory, const char* name, const std::string& path) {
   struct stat facts;
   if (fstatat(directory, name, &facts, AT_SYMLINK_NOFOLLOW) != 0) {
@@ -109,6 +115,7 @@ std::string path_below(const std::filesystem::path& root, std::string_view asked
   std::vector<std::string> parts;
   for (const std::filesystem::path& part : without_root(root, asked)) {
     if (part != ".." && part != "." && !part.empty()) {
+      require_not_hidden(part, asked);
       parts.push_back(part.string());
     } else if (part == ".." && parts.empty()) {
       refuse(asked, "is outside the root");

@@ -33,7 +33,7 @@ class Descriptor {
 enum class Wanted { file, directory, either };
 
 /// `asked` as the path from `root` on, its parts joined by "/" without "." and "..", empty for the root itself. Throws
-/// ArgumentError for a path that is not below the root or is longer than `most_path_bytes`.
+/// ArgumentError for a path that is not below the root, is hidden there or is longer than `most_path_bytes`.
 [[nodiscard]] std::string path_below(const std::filesystem::path& root, std::string_view asked);
 
 /// Opens what stands at `path`, which `path_below` returned. Throws ArgumentError for what is not there, for a link

@@ -13,7 +13,7 @@
 namespace repo_daemon {
 
 /// The files below one directory. It is read afresh for each request and keeps nothing. Nothing with a hidden name, one
-/// that begins with ".", is listed; nor are links.
+/// that begins with ".", is listed or read; nor are links.
 class Repository {
  public:
   /// Throws std::filesystem::filesystem_error or std::system_error for what is no directory that can be read.
