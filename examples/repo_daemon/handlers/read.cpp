@@ -14,7 +14,7 @@ namespace {
 
 namespace tb = tool_binding;
 
-constexpr std::size_t most_lines = 400;
+constexpr int most_lines = 400;
 
 void require_line(std::size_t first, std::size_t count, const std::string& path) {
   if (first > std::max<std::size_t>(count, 1)) {
@@ -30,7 +30,8 @@ tb::Value read(const tb::KeywordArguments& arguments) {
   const std::size_t count = line_count(text);
   const std::size_t first = keywords.required_count("first_line");
   require_line(first, count, path);
-  const std::size_t last = std::min({keywords.count("last_line").value_or(count), count, first + most_lines - 1});
+  const std::size_t last =
+      std::min({keywords.count("last_line").value_or(count), count, first + keywords.required_count("limit") - 1});
   Report report;
   report.add(shown_name(path) + ": " +
              (last < first ? "no line" : "lines " + std::to_string(first) + " to " + std::to_string(last)) + " of " +
@@ -65,10 +66,20 @@ tb::RegistryEntry read_tool() {
                                .type = "integer",
                                .synonyms = {"end", "end_line", "to"},
                                .description = "The last line to show; none stands for the file's last.",
-                               .minimum = 1}}},
-          .handler = {
-              .signature = {{{.name = "path"}, {.name = "first_line"}, {.name = "last_line"}, {.name = "repository"}}},
-              .function = read}};
+                               .minimum = 1},
+                              {.name = "limit",
+                               .type = "integer",
+                               .synonyms = {"max_lines", "line_count", "count"},
+                               .description = "The most lines to show.",
+                               .minimum = 1,
+                               .maximum = most_lines,
+                               .default_ = most_lines}}},
+          .handler = {.signature = {{{.name = "path"},
+                                     {.name = "first_line"},
+                                     {.name = "last_line"},
+                                     {.name = "limit"},
+                                     {.name = "repository"}}},
+                      .function = read}};
 }
 
 }  // namespace repo_daemon

@@ -60,6 +60,11 @@ TEST(RepoDaemonTools, read_files_and_status) {
       {"some lines of one", "read", R"({"file": "tools/run.py", "start": "2", "end": 9})",
        "tools/run.py: lines 2 to 2 of 2\n2:     return OPEN(path)\nnote: 'file' was read as 'path'\n"
        "note: 'start' was read as 'first_line'\nnote: 'end' was read as 'last_line'"},
+      {"so many from one on", "read", R"({"path": "src/index.cpp", "offset": 3, "limit": 2})",
+       "src/index.cpp: lines 3 to 4 of 9\n3: int Index::open(int place) {\n4:   return place + reopen(place);\n"
+       "note: 'offset' was read as 'first_line'"},
+      {"the fewer of both", "read", R"({"path": "src/index.cpp", "last_line": 1, "limit": 2})",
+       "src/index.cpp: lines 1 to 1 of 9\n1: #include \"index.hpp\""},
       {"a last line before the first", "read", R"({"path": "README.md", "first_line": 3, "last_line": 2})",
        "README.md: no line of 5"},
       {"a first line behind the end", "read", R"({"path": "README.md", "first_line": 123456789012345678901})",
