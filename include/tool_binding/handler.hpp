@@ -20,6 +20,9 @@
 /// the engines) are context items: the layer passes them along and never looks into one.
 namespace tool_binding {
 
+struct ArgumentType;
+class ToolSpec;
+
 /// The base classes as which a context item is handed out as well: `KeywordArgument::context(file_store,
 /// bases<Store>)`.
 template <class... Bases>
@@ -75,7 +78,14 @@ class KeywordArgument {
     return *static_cast<Item*>(item_of(detail::item_type<Item>));
   }
 
-  /// The same with a share in its ownership; none, where the daemon offered a reference and keeps the item alive.
+  /// The same, null where `item` throws.
+  template <class Item>
+  [[nodiscard]] Item* item_if() const noexcept {
+    return static_cast<Item*>(find_item(detail::item_type<Item>));
+  }
+
+  /// The same as `item` with a share in its ownership; none, where the daemon offered a reference and keeps the item
+  /// alive.
   template <class Item>
   [[nodiscard]] std::shared_ptr<Item> shared_item() const {
     Item* const found = &item<Item>();
@@ -108,17 +118,29 @@ struct Parameter {
 
   Text name;  ///< unique within the handler
   Kind kind = Kind::NAMED;
+  /// As what the handler's function takes the argument, or the context item, of that name; both null where it reads the
+  /// keyword itself. What is said here is checked when the tool is declared.
+  const ArgumentType* type = nullptr;
+  const detail::ItemType* item = nullptr;
 };
 
 /// The parameters that a handler declares, in declaration order.
 struct Signature {
   std::vector<Parameter> parameters;
+  /// Whether the function takes what is listed here and nothing else, so that a parameter which the tool declares and
+  /// this leaves out is a fault.
+  bool complete = false;
 };
 
 /// The function that answers a tool. The layer reads its signature; calling it is the daemon's business.
 struct Handler {
+  using Function = std::function<Value(const KeywordArguments&)>;
+
   Signature signature;
-  std::function<Value(const KeywordArguments&)> function;
+  Function function;
+  /// The function as it answers one tool, whose defaults and name it knows; made when the tool is declared. Where there
+  /// is none, `function` answers any tool.
+  std::function<Function(const ToolSpec& tool)> for_tool = {};
 };
 
 }  // namespace tool_binding

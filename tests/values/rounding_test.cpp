@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "support/rounding_modes.hpp"
-
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -8,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "support/rounding_modes.hpp"
 #include "text/numerals.hpp"
 #include "tool_binding/value.hpp"
 
