@@ -41,16 +41,19 @@ struct Finding {
     bound,              ///< no number
     undeclared_action,  ///< a reference to an action that is not declared
     // warnings
-    crossed_bounds,        ///< a minimum above the maximum
-    idle_bound,            ///< a bound that never acts
-    refused_default,       ///< a default that its own parameter would refuse
-    changed_default,       ///< a default that its own parameter would change
-    unmatched_value,       ///< an enumeration value that no argument can name
-    shadowed_value,        ///< an enumeration value that is read as an earlier one
-    kept_name,             ///< a parameter whose argument admission keeps for itself
-    unmatched_synonym,     ///< a synonym that names no action
-    shadowed_synonym,      ///< a synonym that is read as another action
-    keyword_without_taker  ///< a bound name that the handler does not declare
+    crossed_bounds,         ///< a minimum above the maximum
+    idle_bound,             ///< a bound that never acts
+    refused_default,        ///< a default that its own parameter would refuse
+    changed_default,        ///< a default that its own parameter would change
+    unmatched_value,        ///< an enumeration value that no argument can name
+    shadowed_value,         ///< an enumeration value that is read as an earlier one
+    kept_name,              ///< a parameter whose argument admission keeps for itself
+    unmatched_synonym,      ///< a synonym that names no action
+    shadowed_synonym,       ///< a synonym that is read as another action
+    keyword_without_taker,  ///< a bound name that the handler does not declare
+    idle_items_type,        ///< a type of items that admission does not read them as
+    unusual_name,           ///< a name that common clients refuse
+    unusual_size            ///< more tools, or more of one tool, than common clients take
   };
 
   Kind kind;

@@ -16,7 +16,7 @@ struct KindRow {
   std::string_view words;  ///< each "{}" stands for a piece
 };
 
-constexpr std::array<KindRow, 18> kinds = {{
+constexpr std::array<KindRow, 21> kinds = {{
     {Found::shape, true, "{}"},
     {Found::empty_name, true, "a name must not be empty"},
     {Found::repeated_name, true, "{} is declared already at {}"},
@@ -36,6 +36,9 @@ constexpr std::array<KindRow, 18> kinds = {{
     {Found::unmatched_synonym, false, "{} can never be matched: white space around an action is ignored"},
     {Found::shadowed_synonym, false, "{} can never be matched: case is ignored, and it is read as the action {}"},
     {Found::keyword_without_taker, false, "takes neither {} nor any keyword"},
+    {Found::idle_items_type, false, "{} never acts: items are taken as they come, but for 'string'"},
+    {Found::unusual_name, false, "{} is refused by common clients: they take 1 to 64 of A-Z, a-z, 0-9, _ and -"},
+    {Found::unusual_size, false, "{} {} are refused by common clients: they take no more than {}"},
 }};
 
 const KindRow& row_of(Found kind) noexcept {

@@ -8,6 +8,7 @@
 
 #include "check/findings.hpp"
 #include "registry/prepared_tool.hpp"
+#include "text/code_points.hpp"
 #include "tool_binding/tool_binding.hpp"
 
 namespace tool_binding {
@@ -16,10 +17,24 @@ namespace {
 
 using Found = Finding::Kind;
 
+/// What clients that pass tools on to language models commonly take.
+constexpr std::size_t longest_name = 64;
+constexpr std::size_t most_tools = 128;
+constexpr std::size_t most_params = 100;
+constexpr std::size_t most_values = 500;
+constexpr std::size_t longest_description = 1024;
+
 constexpr std::array<std::string_view, 3> kept_names = {ACTION_PARAM, REPO_ROOT_ARGUMENT, "repo"};
 
 bool is_kept(const Text& name) noexcept {
   return std::find(kept_names.begin(), kept_names.end(), name.view()) != kept_names.end();
+}
+
+bool is_usual_name(const Text& name) noexcept {
+  return name.size() <= longest_name && std::all_of(name.view().begin(), name.view().end(), [](char byte) {
+           return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z') || (byte >= '0' && byte <= '9') ||
+                  byte == '_' || byte == '-';
+         });
 }
 
 bool is_number(const Value& value) noexcept { return value.is_integer() || value.is_floating(); }
@@ -74,8 +89,10 @@ class ParameterAlone {
 class Doubting {
  public:
   void judge(std::span<const RegistryEntry> entries) {
+    require_at_most(most_tools, entries.size(), "tools", "tools");
     for (std::size_t index = 0; index < entries.size(); ++index) {
       const std::string place = item_place("tools", index);
+      judge_tool(entries[index].tool, place);
       judge_actions(entries[index].tool, member_place(place, "actions"));
       for (std::size_t param = 0; param < entries[index].tool.params.size(); ++param) {
         judge_param(entries[index].tool, entries[index].tool.params[param],
@@ -88,16 +105,43 @@ class Doubting {
   [[nodiscard]] std::vector<Finding> take() { return findings_.take(); }
 
  private:
+  void judge_tool(const ToolDeclaration& tool, const std::string& place);
   void judge_actions(const ToolDeclaration& tool, const std::string& place);
   void judge_param(const ToolDeclaration& tool, const ParamSpec& param, const std::string& place);
   void judge_names(const ParamSpec& param, const std::string& place);
   void judge_bounds(const ParamSpec& param, const std::string& place);
+  void judge_items(const ParamSpec& param, const std::string& place);
   void judge_values(const ParameterAlone& alone, const ParamSpec& param, const std::string& place);
   void judge_default(const ParameterAlone& alone, const Value& value, std::string place);
   void judge_handler(const RegistryEntry& entry, const std::string& place);
 
+  void require_usual_name(const Text& name, const std::string& place) {
+    if (!is_usual_name(name)) {
+      findings_.add(Found::unusual_name, member_place(place, "name"), {quoted(name)});
+    }
+  }
+
+  void require_at_most(std::size_t most, std::size_t count, std::string_view counted, std::string place) {
+    if (count > most) {
+      findings_.add(Found::unusual_size, std::move(place), {std::to_string(count), counted, std::to_string(most)});
+    }
+  }
+
   Findings findings_;
 };
+
+/// How a tool looks to those who are told of it.
+void Doubting::judge_tool(const ToolDeclaration& tool, const std::string& place) {
+  require_usual_name(tool.name, place);
+  require_at_most(longest_description, text::count_code_points(tool.description), "characters",
+                  member_place(place, "description"));
+  require_at_most(most_params, tool.params.size(), "parameters", member_place(place, "params"));
+  std::size_t values = tool.actions.size();
+  for (const ParamSpec& param : tool.params) {
+    values += param.enum_.size();
+  }
+  require_at_most(most_values, values, "values of enumerations", place);
+}
 
 /// A declared name is read as itself, and so is a synonym unless an earlier action takes it.
 void Doubting::judge_actions(const ToolDeclaration& tool, const std::string& place) {
@@ -124,6 +168,7 @@ void Doubting::judge_actions(const ToolDeclaration& tool, const std::string& pla
 void Doubting::judge_param(const ToolDeclaration& tool, const ParamSpec& param, const std::string& place) {
   judge_names(param, place);
   judge_bounds(param, place);
+  judge_items(param, place);
   const bool has_bounds =
       (param.minimum.is_null() || is_number(param.minimum)) && (param.maximum.is_null() || is_number(param.maximum));
   if (is_kept(param.name) || !has_bounds || detail::type_word(param.type) == detail::TypeWord::unknown) {
@@ -140,6 +185,8 @@ void Doubting::judge_param(const ToolDeclaration& tool, const ParamSpec& param, 
 void Doubting::judge_names(const ParamSpec& param, const std::string& place) {
   if (is_kept(param.name)) {
     findings_.add(Found::kept_name, member_place(place, "name"), {quoted(param.name)});
+  } else {
+    require_usual_name(param.name, place);
   }
   for (std::size_t index = 0; index < param.synonyms.size(); ++index) {
     if (is_kept(param.synonyms[index])) {
@@ -162,6 +209,13 @@ void Doubting::judge_bounds(const ParamSpec& param, const std::string& place) {
       compare_numbers(param.minimum, param.maximum) > 0) {
     findings_.add(Found::crossed_bounds, member_place(place, "minimum"),
                   {quoted_form(param.minimum), quoted_form(param.maximum)});
+  }
+}
+
+void Doubting::judge_items(const ParamSpec& param, const std::string& place) {
+  const bool is_read = param.type == "array" && param.items_type == Text("string");
+  if (param.items_type && !is_read && detail::type_word(*param.items_type) != detail::TypeWord::unknown) {
+    findings_.add(Found::idle_items_type, member_place(place, "items_type"), {quoted(*param.items_type)});
   }
 }
 

@@ -13,14 +13,17 @@ struct Spelling {
   std::string_view spelling;
 };
 
-constexpr std::array<Spelling, 25> spellings = {
-    {{"integer", "integer"}, {"integer", "int"},    {"integer", "long"},   {"integer", "whole number"},
-     {"number", "number"},   {"number", "float"},   {"number", "double"},  {"number", "decimal"},
-     {"number", "real"},     {"number", "numeric"}, {"boolean", "bool"},   {"boolean", "boolean"},
-     {"boolean", "flag"},    {"string", "string"},  {"string", "str"},     {"string", "text"},
-     {"string", "char"},     {"string", "varchar"}, {"array", "array"},    {"array", "list"},
-     {"array", "tuple"},     {"array", "set"},      {"array", "sequence"}, {"array", "vector"},
-     {"array", "arraylist"}}};
+constexpr std::array<Spelling, 37> spellings = {
+    {{"integer", "integer"},    {"integer", "int"},    {"integer", "long"},    {"integer", "whole number"},
+     {"integer", "short"},      {"integer", "int32"},  {"integer", "int64"},   {"integer", "bigint"},
+     {"integer", "biginteger"}, {"number", "number"},  {"number", "float"},    {"number", "double"},
+     {"number", "decimal"},     {"number", "real"},    {"number", "numeric"},  {"number", "float32"},
+     {"number", "float64"},     {"boolean", "bool"},   {"boolean", "boolean"}, {"boolean", "flag"},
+     {"string", "string"},      {"string", "str"},     {"string", "text"},     {"string", "char"},
+     {"string", "character"},   {"string", "varchar"}, {"array", "array"},     {"array", "list"},
+     {"array", "tuple"},        {"array", "set"},      {"array", "frozenset"}, {"array", "sequence"},
+     {"array", "iterable"},     {"array", "vector"},   {"array", "arraylist"}, {"array", "queue"},
+     {"array", "stack"}}};
 
 }  // namespace
 

@@ -51,5 +51,43 @@ TEST(RegistryWarnings, DoubtHandlers) {
   EXPECT_EQ(warnings_of(tool, {{{.name = "q"}, {.name = "p"}, {.name = "action"}, {.name = "engines"}}}), "");
 }
 
+TEST(RegistryWarnings, DoubtWhatCommonClientsRefuse) {
+  const auto numbered = [](std::size_t count) {
+    std::vector<ParamSpec> params;
+    for (std::size_t index = 0; index < count; ++index) {
+      params.push_back({.name = "p" + std::to_string(index), .type = "array"});
+    }
+    return params;
+  };
+  std::vector<Text> values(500);
+  for (std::size_t index = 0; index < values.size(); ++index) {
+    values[index] = std::to_string(index);
+  }
+  const auto description = [](std::size_t count) {
+    std::string text;
+    for (std::size_t index = 0; index < count; ++index) {
+      text += "é";
+    }
+    return text;
+  };
+  EXPECT_EQ(warnings_of({.name = "t", .description = description(1024), .params = numbered(100)}), "");
+  EXPECT_EQ(warnings_of({.name = "web.t", .description = description(1025), .params = numbered(101)}),
+            "tools[0].name: 'web.t' is refused by common clients: they take 1 to 64 of A-Z, a-z, 0-9, _ and -\n"
+            "tools[0].description: 1025 characters are refused by common clients: they take no more than 1024\n"
+            "tools[0].params: 101 parameters are refused by common clients: they take no more than 100\n");
+  const ParamSpec many = {.name = "p", .type = "string", .enum_ = values};
+  EXPECT_EQ(warnings_of({.name = "t", .params = {many}}), "");
+  EXPECT_EQ(warnings_of({.name = "t", .actions = {{.name = "a"}}, .params = {many}}),
+            "tools[0]: 501 values of enumerations are refused by common clients: they take no more than 500\n");
+  std::vector<RegistryEntry> entries(128);
+  for (std::size_t index = 0; index < entries.size(); ++index) {
+    entries[index] = {{.name = "t" + std::to_string(index)}, {.signature = any_keyword, .function = {}}};
+  }
+  EXPECT_EQ(lines_for(registry_warnings(entries)), "");
+  entries.push_back({{.name = "t"}, {.signature = any_keyword, .function = {}}});
+  EXPECT_EQ(lines_for(registry_warnings(entries)),
+            "tools: 129 tools are refused by common clients: they take no more than 128\n");
+}
+
 }  // namespace
 }  // namespace tool_binding

@@ -17,12 +17,13 @@ TEST(Check, NamesErrorsAndWarningsByTheirLines) {
      "enum": 5, "maximum": true}]}]})");
   const Finished finished = run({"check", file});
   EXPECT_EQ(finished.out,
-            file + ":3: warning: tools[0].params[0].default: '9' would become 9 if it were sent\n" + file +
-                ":4: error: tools[0].params[1].name: 'p' is declared already at tools[0].params[0].name\n" + file +
-                ":4: error: tools[0].params[1].type: must be integer, number, boolean, string or array, not "
-                "'int'; did you mean 'integer'?\n" +
-                file + ":5: error: tools[0].params[1].enum: must be a list, not an integer\n" + file +
-                ":5: error: tools[0].params[1].maximum: must be a number, not True\n");
+            file + ":3: warning: tools[0].params[0].default ('p' of t): '9' would become 9 if it were sent\n" + file +
+                ":4: error: tools[0].params[1].name ('p' of t): 'p' is declared already at tools[0].params[0].name\n" +
+                file +
+                ":4: error: tools[0].params[1].type ('p' of t): must be integer, number, boolean, string or array, "
+                "not 'int'; did you mean 'integer'?\n" +
+                file + ":5: error: tools[0].params[1].enum ('p' of t): must be a list, not an integer\n" + file +
+                ":5: error: tools[0].params[1].maximum ('p' of t): must be a number, not True\n");
   EXPECT_EQ(finished.errors, "");
   EXPECT_EQ(finished.status, 2);
 }
@@ -32,9 +33,23 @@ TEST(Check, LetsWarningsPassAndReadsStandardInput) {
   for (const std::vector<std::string>& arguments :
        std::vector<std::vector<std::string>>{{"check"}, {"check", "-"}, {"check", "--registry", "-"}}) {
     const Finished finished = run(arguments, doubtful);
-    EXPECT_EQ(finished.out.substr(0, 51), "standard input:1: warning: tools[0].params[0].name:");
+    EXPECT_EQ(finished.out.substr(0, 51), "standard input:1: warning: tools[0].params[0].name ");
     EXPECT_EQ(finished.status, 0);
   }
+}
+
+TEST(Check, NamesWhatStandsAroundAPlace) {
+  const Finished finished = run({"check"}, R"({"tools": [
+    {"name": "web.search", "actions": [{"name": "find"}, {"name": "find"}]},
+    {"params": 5}], "tols": 1})");
+  EXPECT_EQ(finished.out,
+            "standard input:2: error: tools[0].actions[1].name ('find' of web.search): 'find' is declared already at "
+            "tools[0].actions[0].name\n"
+            "standard input:2: warning: tools[0].name (web.search): 'web.search' is refused by common clients: they "
+            "take 1 to 64 of A-Z, a-z, 0-9, _ and -\n"
+            "standard input:3: error: tools[1].params: must be a list, not an integer\n"
+            "standard input:3: error: tools[1].name: is missing\n"
+            "standard input:3: error: tols: is no known key; did you mean 'tools'?\n");
 }
 
 TEST(Check, DoubtsNothingWhereAShapeIsWrong) {
