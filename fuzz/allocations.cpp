@@ -29,14 +29,15 @@ bool refuses() noexcept {
 }
 
 /// Null for a block that is refused.
-void* allocate(std::size_t size) noexcept {
-  void* const block = refuses() ? nullptr : std::malloc(size == 0 ? 1 : size);
+void* allocate(std::size_t size, std::size_t alignment = alignof(std::max_align_t)) noexcept {
+  const std::size_t whole = (size + alignment - (size == 0 ? 0 : 1)) / alignment * alignment;
+  void* const block = refuses() ? nullptr : std::aligned_alloc(alignment, whole);
   blocks += block == nullptr ? 0 : 1;
   return block;
 }
 
-void* allocate_or_throw(std::size_t size) {
-  if (void* const block = allocate(size); block != nullptr) {
+void* allocate_or_throw(std::size_t size, std::size_t alignment = alignof(std::max_align_t)) {
+  if (void* const block = allocate(size, alignment); block != nullptr) {
     return block;
   }
   throw std::bad_alloc();
@@ -71,6 +72,11 @@ void* operator new(std::size_t size) { return allocate_or_throw(size); }
 void* operator new[](std::size_t size) { return allocate_or_throw(size); }
 void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept { return allocate(size); }
 void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept { return allocate(size); }
+void* operator new(std::size_t size, std::align_val_t alignment) {
+  return allocate_or_throw(size, static_cast<std::size_t>(alignment));
+}
+void operator delete(void* block, std::align_val_t /*alignment*/) noexcept { release(block); }
+void operator delete(void* block, std::size_t /*size*/, std::align_val_t /*alignment*/) noexcept { release(block); }
 void operator delete(void* block) noexcept { release(block); }
 void operator delete[](void* block) noexcept { release(block); }
 void operator delete(void* block, std::size_t /*size*/) noexcept { release(block); }

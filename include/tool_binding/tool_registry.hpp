@@ -85,11 +85,16 @@ struct PreparedTool;
 }
 
 /// The record of one tool, immutable, copied without copying its content. Making one indexes its names, so that no
-/// request searches a list. Everything that it hands out lives as long as any copy of the record.
+/// request searches a list. Everything that it hands out lives as long as any copy of the record. A record that is
+/// moved from is copied: it stays what it was.
 class ToolSpec {
  public:
   /// Throws std::bad_alloc only: what is doubtful in a declaration is for a check of the whole registry to say.
   explicit ToolSpec(ToolDeclaration declaration);
+
+  ToolSpec(const ToolSpec&) noexcept = default;
+  ToolSpec& operator=(const ToolSpec&) noexcept = default;
+  ~ToolSpec() = default;
 
   [[nodiscard]] const Text& name() const noexcept;
   [[nodiscard]] const Text& description() const noexcept;
@@ -121,7 +126,8 @@ class ToolSpec {
   std::shared_ptr<const detail::PreparedTool> prepared_;
 };
 
-/// The tools by name, in the order in which they were declared.
+/// The tools by name, in the order in which they were declared. Records stay where they are: what the table hands out
+/// lives as long as the table, whatever is added to it.
 class ToolTable {
  public:
   /// An empty table, usable before any other static object of the program is made.
@@ -130,10 +136,12 @@ class ToolTable {
   ToolTable(const ToolTable&) = delete;
   ToolTable& operator=(const ToolTable&) = delete;
 
-  /// Adds a tool. Throws ValueError when the table holds the name already. Ends the life of references that the table
-  /// has handed out, and is not to be called once requests are answered.
-  void add(ToolSpec tool);
+  /// Adds a tool, or several in their order. Throws ValueError for a name that the table holds already or that stands
+  /// twice. Whatever is thrown, std::bad_alloc included, the table holds what it held. Not to be called once requests
+  /// are answered.
+  void add(const ToolSpec& tool) { add(std::span(&tool, 1)); }
   void add(ToolDeclaration tool) { add(ToolSpec(std::move(tool))); }
+  void add(std::span<const ToolSpec> tools);
 
   /// The tool of that name. Throws UnknownToolError when there is none.
   [[nodiscard]] const ToolSpec& operator[](std::string_view name) const;
@@ -141,15 +149,30 @@ class ToolTable {
   /// The tool of that name, null when there is none.
   [[nodiscard]] const ToolSpec* find(std::string_view name) const noexcept;
 
-  [[nodiscard]] std::span<const ToolSpec> all() const noexcept;
+  /// Every tool, in declared order. What was added later stands in it, too.
+  [[nodiscard]] const std::deque<ToolSpec>& all() const;
 
  private:
   struct Content;
   Content* content_ = nullptr;  ///< owned; made by the first `add`
 };
 
-/// The registry of this process.
-extern ToolTable TOOLS;
+namespace detail {
+
+/// A table that is never destroyed: threads may still answer while the process ends.
+union LastingTable {
+  ToolTable table;
+
+  constexpr LastingTable() noexcept : table() {}
+  ~LastingTable() {}
+};
+
+extern LastingTable tools_of_process;
+
+}  // namespace detail
+
+/// The registry of this process: usable before any other static object is made and until the process is gone.
+inline constexpr ToolTable& TOOLS = detail::tools_of_process.table;
 
 }  // namespace tool_binding
 

@@ -56,10 +56,13 @@ Handlers declare_tools(ToolTable& table, std::vector<RegistryEntry> entries) {
   }
   Handlers handlers;
   handlers.reserve(entries.size());
+  std::vector<ToolSpec> tools;
+  tools.reserve(entries.size());
   for (RegistryEntry& entry : entries) {
     handlers.append(entry.tool.name, std::move(entry.handler));
-    table.add(std::move(entry.tool));
+    tools.emplace_back(std::move(entry.tool));
   }
+  table.add(tools);
   return handlers;
 }
 

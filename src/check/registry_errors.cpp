@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <array>
 #include <map>
 #include <utility>
 
@@ -16,7 +17,7 @@ using Found = Finding::Kind;
 /// Names by the place at which each is declared first.
 using Places = std::map<Text, std::string>;
 
-const std::vector<Text> type_words = {"integer", "number", "boolean", "string", "array"};
+constexpr std::array<std::string_view, 5> type_words = {"integer", "number", "boolean", "string", "array"};
 
 bool is_bound(const Value& value) noexcept { return value.is_null() || value.is_integer() || value.is_floating(); }
 
@@ -83,7 +84,8 @@ class Judging {
     if (detail::type_word(word) == detail::TypeWord::unknown) {
       const auto meant = type_word_of(word);
       findings_.add(Found::type_word, std::move(place),
-                    {quoted(word), meant ? did_you_mean(*meant) : did_you_mean_one_of(type_words, word)});
+                    {quoted(word),
+                     meant ? did_you_mean(*meant) : did_you_mean_one_of({type_words.begin(), type_words.end()}, word)});
     }
   }
 

@@ -16,9 +16,7 @@ bool NameIndex::add(const Text& name, std::uint32_t number) {
   if (find(name) != absent) {
     return false;
   }
-  if (2 * (used_ + 1) > rows_.size()) {
-    grow();
-  }
+  reserve(1);
   place({name, number});
   ++used_;
   return true;
@@ -35,8 +33,14 @@ std::uint32_t NameIndex::find(std::string_view name) const noexcept {
   }
 }
 
-void NameIndex::grow() {
-  std::vector<Row> before(std::max(smallest_table, 2 * rows_.size()));
+void NameIndex::reserve(std::size_t more) {
+  if (const std::size_t wanted = 2 * (used_ + more); wanted > rows_.size()) {
+    grow_to(std::bit_ceil(std::max(smallest_table, wanted)));
+  }
+}
+
+void NameIndex::grow_to(std::size_t size) {
+  std::vector<Row> before(size);
   before.swap(rows_);
   shift_ = 64 - std::countr_zero(rows_.size());
   for (Row& row : before) {

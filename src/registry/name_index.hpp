@@ -24,6 +24,9 @@ class NameIndex {
   /// Adds `name`; an earlier entry of the same name stays. Returns whether the name was new.
   bool add(const Text& name, std::uint32_t number);
 
+  /// Makes room for `more` names: so many are then added without a failure.
+  void reserve(std::size_t more);
+
   /// The number of `name`, or `absent`.
   [[nodiscard]] std::uint32_t find(const Text& name) const noexcept;
   [[nodiscard]] std::uint32_t find(std::string_view name) const noexcept;
@@ -37,7 +40,7 @@ class NameIndex {
   [[nodiscard]] std::size_t place_of(const Cell& cell) const noexcept;
   [[nodiscard]] std::size_t place_of(std::string_view long_name) const noexcept;
   [[nodiscard]] std::size_t place_after(std::size_t at) const noexcept { return (at + 1) & (rows_.size() - 1); }
-  void grow();
+  void grow_to(std::size_t size);
   void place(Row row);
 
   std::vector<Row> rows_;  ///< a power of two of them, at least half of them free

@@ -10,8 +10,7 @@ Value effective_action(std::string_view name, const ArgumentMap& arguments) {
 }
 
 Value effective_action(const ToolSpec& tool, const ArgumentMap& arguments) {
-  static const Text action_param(ACTION_PARAM);
-  const Value* const named = arguments.find(action_param);
+  const Value* const named = arguments.find(ACTION_PARAM);
   return detail::effective_action(tool, named == nullptr ? Value() : *named);
 }
 

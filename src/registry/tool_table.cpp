@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <deque>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "registry/name_index.hpp"
 #include "tool_binding/errors.hpp"
@@ -10,21 +9,28 @@
 namespace tool_binding {
 
 struct ToolTable::Content {
-  std::vector<ToolSpec> tools;
+  std::deque<ToolSpec> tools;
   detail::NameIndex places;
 };
 
 ToolTable::~ToolTable() { delete content_; }
 
-void ToolTable::add(ToolSpec tool) {
-  if (find(tool.name()) != nullptr) {
-    throw ValueError("a tool named '" + std::string(tool.name()) + "' is declared already");
+void ToolTable::add(std::span<const ToolSpec> tools) {
+  detail::NameIndex names;
+  for (const ToolSpec& tool : tools) {
+    if (find(tool.name()) != nullptr || !names.add(tool.name(), 0)) {
+      throw ValueError("a tool named '" + std::string(tool.name()) + "' is declared already");
+    }
   }
   if (content_ == nullptr) {
     content_ = new Content;
   }
-  content_->places.add(tool.name(), static_cast<std::uint32_t>(content_->tools.size()));
-  content_->tools.push_back(std::move(tool));
+  auto place = static_cast<std::uint32_t>(content_->tools.size());
+  content_->places.reserve(tools.size());
+  content_->tools.insert(content_->tools.end(), tools.begin(), tools.end());
+  for (const ToolSpec& tool : tools) {  // fails no more: there is room
+    content_->places.add(tool.name(), place++);
+  }
 }
 
 const ToolSpec& ToolTable::operator[](std::string_view name) const {
@@ -42,10 +48,14 @@ const ToolSpec* ToolTable::find(std::string_view name) const noexcept {
   return place == detail::NameIndex::absent ? nullptr : &content_->tools[place];
 }
 
-std::span<const ToolSpec> ToolTable::all() const noexcept {
-  return content_ == nullptr ? std::span<const ToolSpec>() : content_->tools;
+const std::deque<ToolSpec>& ToolTable::all() const {
+  static const auto& none = *new std::deque<ToolSpec>;  // lives as long as the process, as what refers to it may
+  return content_ == nullptr ? none : content_->tools;
 }
 
-constinit ToolTable TOOLS;
+#if __has_cpp_attribute(clang::no_destroy)
+[[clang::no_destroy]]
+#endif
+constinit detail::LastingTable detail::tools_of_process;
 
 }  // namespace tool_binding

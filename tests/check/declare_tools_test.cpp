@@ -10,6 +10,23 @@
 namespace tool_binding {
 namespace {
 
+/// Made before `main`, and before any static object of the library would be.
+const std::string refusal_before_main = [] {
+  try {
+    ToolTable table;
+    (void)declare_tools(table, {{.tool = {.name = "t", .params = {{.name = "p", .type = "strin"}}}}});
+  } catch (const RegistryError& error) {
+    return std::string(error.message());
+  }
+  return std::string();
+}();
+
+TEST(DeclareTools, OffersTypeWordsBeforeMain) {
+  EXPECT_EQ(refusal_before_main,
+            "tools[0].params[0].type: must be integer, number, boolean, string or array, not 'strin'; did you mean "
+            "'string'?");
+}
+
 TEST(DeclareTools, FillsTheRegistryAndHandsOutTheHandlers) {
   const Handlers handlers = declare_tools({
       {.tool = {.name = "first", .params = {{.name = "p", .type = "integer"}}},

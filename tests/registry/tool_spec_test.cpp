@@ -51,6 +51,15 @@ TEST(ToolSpec, FindsAnActionWhateverItsCase) {
   EXPECT_EQ(name_of(ToolSpec({.name = "status"}).action("list")), "none");
 }
 
+TEST(ToolSpec, StaysWhatItWasWhenItIsMovedFrom) {
+  ToolSpec tool({.name = "search", .params = {{.name = "p", .type = "string"}}});
+  const ToolSpec moved = std::move(tool);
+  EXPECT_EQ(tool.name(), "search");  // NOLINT(bugprone-use-after-move): such a move is a copy
+  tool = ToolSpec({.name = "other"});
+  EXPECT_EQ(moved.params()[0].name, "p");
+  static_assert(std::is_nothrow_move_constructible_v<ToolSpec> && std::is_nothrow_move_assignable_v<ToolSpec>);
+}
+
 TEST(ParamSpec, IsRequiredByTheActionsThatNeedIt) {
   const ToolSpec tool({.name = "t",
                        .params = {{.name = "a", .type = "array", .required_for = {"x"}},
@@ -60,6 +69,9 @@ TEST(ParamSpec, IsRequiredByTheActionsThatNeedIt) {
     EXPECT_EQ(tool.params()[0].required_by(action), action == "x");
     EXPECT_TRUE(tool.params()[1].required_by(action));
   }
+  const char* const none = nullptr;
+  EXPECT_FALSE(tool.params()[0].required_by(nullptr) || tool.params()[0].required_by(none));
+  EXPECT_TRUE(tool.params()[0].required_by(std::optional<std::string>("x")));
 }
 
 }  // namespace
