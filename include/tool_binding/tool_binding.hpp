@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <concepts>
 #include <optional>
 #include <span>
 #include <string>
@@ -21,7 +22,8 @@
 /// is called with (`handler_kwargs`). A handler asks `action_default` and `missing_arguments` for what the registry
 /// knows. All functions only read their inputs and the registry, return what is the caller's own, and may be called
 /// from any number of threads at once. Where a tool is given by name it is looked up in `TOOLS`, and UnknownToolError
-/// says that there is none; the tool of any other table is given as its ToolSpec.
+/// says that there is none; the tool of any other table is given as its ToolSpec. A ToolSpec answers for itself: its
+/// own default action and its own parameters count, whatever `TOOLS` holds under its name.
 namespace tool_binding {
 
 class [[gnu::visibility("hidden")]] Normalizing;
@@ -40,7 +42,8 @@ class NormalizedArguments {
   [[nodiscard]] ArgumentMap arguments() && noexcept { return std::move(arguments_); }
 
   /// A line for each change that the caller should know of, in the order of the request's arguments.
-  [[nodiscard]] std::span<const std::string> notes() const noexcept { return notes_; }
+  [[nodiscard]] std::span<const std::string> notes() const& noexcept { return notes_; }
+  [[nodiscard]] std::vector<std::string> notes() && noexcept { return std::move(notes_); }
 
   /// Whether the request named a parameter or an action by a synonym.
   [[nodiscard]] bool alias_hit() const noexcept { return alias_hit_; }
@@ -78,13 +81,29 @@ namespace detail {
   return normalize_arguments(TOOLS[tool], arguments);
 }
 
-/// The refusal of a call that runs `action` (none: no action) and does not give what it needs, null when nothing is
-/// missing. `arguments` stand under declared names; blank text and empty lists count as not given.
-[[nodiscard]] std::optional<std::string> missing_arguments(std::string_view tool,
-                                                           std::optional<std::string_view> action,
+/// The refusal of a call that runs `action` and does not give what it needs, null when nothing is missing. `arguments`
+/// stand under declared names; blank text and empty lists count as not given.
+[[nodiscard]] std::optional<std::string> missing_arguments(std::string_view tool, ActionName action,
                                                            const ArgumentMap& arguments);
-[[nodiscard]] std::optional<std::string> missing_arguments(const ToolSpec& tool, std::optional<std::string_view> action,
+[[nodiscard]] std::optional<std::string> missing_arguments(const ToolSpec& tool, ActionName action,
                                                            const ArgumentMap& arguments);
+
+namespace detail {
+[[nodiscard]] std::optional<std::string> missing_keywords(const ToolSpec& tool, ActionName action,
+                                                          const KeywordArguments& keywords);
+}
+
+/// The same for the keywords of a handler, as they are: a context item in an argument's place is given.
+template <std::same_as<KeywordArguments> Keywords>
+[[nodiscard]] std::optional<std::string> missing_arguments(std::string_view tool, ActionName action,
+                                                           const Keywords& keywords) {
+  return detail::missing_keywords(TOOLS[tool], action, keywords);
+}
+template <std::same_as<KeywordArguments> Keywords>
+[[nodiscard]] std::optional<std::string> missing_arguments(const ToolSpec& tool, ActionName action,
+                                                           const Keywords& keywords) {
+  return detail::missing_keywords(tool, action, keywords);
+}
 
 /// Binds admitted arguments: the action first, for a tool with actions; then every declared parameter in the
 /// registry's order, with the request's value or its default; nothing else. Arguments that are the caller's to give

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <concepts>
 #include <cstddef>
+#include <deque>
 #include <memory>
 #include <optional>
 #include <span>
@@ -26,6 +28,27 @@ inline constexpr std::string_view ACTION_PARAM = "action";
 
 /// The argument name that carries the repository's root. Admission drops it, as it drops "repo".
 inline constexpr std::string_view REPO_ROOT_ARGUMENT = "repo_root";
+
+/// The action of a call, or none: nothing, null in each of its forms and an empty optional stand for a call that runs
+/// no action. An empty text names one. Refers to the text that it was made of.
+class ActionName {
+ public:
+  constexpr ActionName() noexcept = default;
+  constexpr ActionName(std::nullptr_t) noexcept {}  // NOLINT(google-explicit-constructor)
+  constexpr ActionName(std::nullopt_t) noexcept {}  // NOLINT(google-explicit-constructor)
+  constexpr ActionName(const char* name)            // NOLINT(google-explicit-constructor)
+      : name_(name == nullptr ? std::nullopt : std::optional<std::string_view>(name)) {}
+  template <std::convertible_to<std::string_view> Name>
+  constexpr ActionName(const Name& name) : name_(name) {}  // NOLINT(google-explicit-constructor)
+  template <std::convertible_to<std::string_view> Name>
+  constexpr ActionName(const std::optional<Name>& name)  // NOLINT(google-explicit-constructor)
+      : name_(name ? std::optional<std::string_view>(*name) : std::nullopt) {}
+
+  [[nodiscard]] constexpr const std::optional<std::string_view>& name() const noexcept { return name_; }
+
+ private:
+  std::optional<std::string_view> name_;
+};
 
 /// One declared parameter, a plain record for designated initializers.
 struct ParamSpec {
@@ -59,8 +82,8 @@ struct ParamSpec {
   /// Whether blank text is a value, rather than the parameter left out.
   bool blank_is_value = false;
 
-  /// Whether a call that runs `action` needs this parameter; no action stands for a call that runs none.
-  [[nodiscard]] bool required_by(std::optional<std::string_view> action) const noexcept;
+  /// Whether a call that runs `action` needs this parameter.
+  [[nodiscard]] bool required_by(ActionName action) const noexcept;
 };
 
 /// One declared action, a plain record for designated initializers.

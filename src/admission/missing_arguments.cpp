@@ -4,18 +4,34 @@
 
 namespace tool_binding {
 
-std::optional<std::string> missing_arguments(std::string_view tool, std::optional<std::string_view> action,
-                                             const ArgumentMap& arguments) {
+namespace {
+
+/// The refusal of a call. `value_of(param)` as `_missing` takes it.
+template <class ValueOf>
+std::optional<std::string> refusal(const ToolSpec& tool, ActionName action, const ValueOf& value_of) {
+  const Text named(action.name().value_or(""));
+  Problems problems;
+  _missing(tool, action.name() ? &named : nullptr, value_of, problems);
+  return problems.empty() ? std::nullopt : std::optional<std::string>(problems.joined());
+}
+
+}  // namespace
+
+std::optional<std::string> missing_arguments(std::string_view tool, ActionName action, const ArgumentMap& arguments) {
   return missing_arguments(TOOLS[tool], action, arguments);
 }
 
-std::optional<std::string> missing_arguments(const ToolSpec& tool, std::optional<std::string_view> action,
-                                             const ArgumentMap& arguments) {
-  const auto value_of = [&](const detail::PreparedParam& param) { return arguments.find(param.spec->name); };
-  const Text named(action.value_or(""));
-  Problems problems;
-  _missing(tool, action ? &named : nullptr, value_of, problems);
-  return problems.empty() ? std::nullopt : std::optional<std::string>(problems.joined());
+std::optional<std::string> missing_arguments(const ToolSpec& tool, ActionName action, const ArgumentMap& arguments) {
+  return refusal(tool, action, [&](const detail::PreparedParam& param) { return arguments.find(param.spec->name); });
+}
+
+std::optional<std::string> detail::missing_keywords(const ToolSpec& tool, ActionName action,
+                                                    const KeywordArguments& keywords) {
+  const Value context_item = true;  // stands for what says something, whatever it is
+  return refusal(tool, action, [&](const PreparedParam& param) {
+    const KeywordArgument* const found = keywords.find(param.spec->name);
+    return found == nullptr ? nullptr : found->is_context() ? &context_item : &found->value();
+  });
 }
 
 void _add_missing(Problems& problems, const ToolSpec& spec, const Text* action, const ParamSpec& param) {

@@ -5,8 +5,9 @@
 
 namespace tool_binding {
 
-bool ParamSpec::required_by(std::optional<std::string_view> action) const noexcept {
-  return required || (action && std::find(required_for.begin(), required_for.end(), *action) != required_for.end());
+bool ParamSpec::required_by(ActionName action) const noexcept {
+  const auto& needing = action.name();
+  return required || (needing && std::find(required_for.begin(), required_for.end(), *needing) != required_for.end());
 }
 
 }  // namespace tool_binding

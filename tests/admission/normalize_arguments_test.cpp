@@ -65,6 +65,31 @@ TEST(NormalizeArguments, CopiesNoContent) {
   EXPECT_EQ(admitted.arguments().find("l")->list().data(), given.find("l")->list().data());
 }
 
+TEST(NormalizedArguments, HandOutNotesThatOutliveThem) {
+  std::string notes;
+  for (const auto& note : normalize_arguments(ToolSpec(declaration), {{"r", "a"}}).notes()) {
+    notes += note;
+  }
+  EXPECT_EQ(notes, "'r' was read as 's'");
+}
+
+TEST(MissingArguments, TakesNullForNoActionAndTheKeywordsOfAHandler) {
+  const ToolSpec tool({.name = "t",
+                       .actions = {{.name = "x"}},
+                       .params = {{.name = "a", .type = "string", .required_for = {"x"}},
+                                  {.name = "b", .type = "string", .required = true}}});
+  const char* const none = nullptr;
+  EXPECT_EQ(missing_arguments(tool, nullptr, ArgumentMap()), "t needs 'b'");
+  EXPECT_EQ(missing_arguments(tool, none, ArgumentMap()), "t needs 'b'");
+  EXPECT_EQ(missing_arguments(tool, std::nullopt, {}), "t needs 'b'");
+  EXPECT_EQ(missing_arguments(tool, Text("x"), {}), "t 'x' needs 'a'; t 'x' needs 'b'");
+  int item = 0;
+  KeywordArguments keywords = {{"a", " "}, {"b", KeywordArgument::context(item)}};
+  EXPECT_EQ(missing_arguments(tool, "x", keywords), "t 'x' needs 'a'");
+  keywords.set("a", Value("given"));
+  EXPECT_EQ(missing_arguments(tool, std::optional<std::string>("x"), keywords), std::nullopt);
+}
+
 TEST(NormalizedArguments, AreEqualWhenAllThreeFieldsAre) {
   const NormalizedArguments admitted({{"a", 1}}, {"note"}, true);
   EXPECT_EQ(admitted, NormalizedArguments({{"a", 1}}, {"note"}, true));
@@ -77,7 +102,9 @@ TEST(NormalizedArguments, AreEqualWhenAllThreeFieldsAre) {
 TEST(ArgumentError, IsAValueErrorWithOneMessage) {
   static_assert(std::is_base_of_v<ValueError, ArgumentError> && std::is_base_of_v<LookupError, KeyError>);
   EXPECT_STREQ(ArgumentError("a; b").what(), "a; b");
-  EXPECT_EQ(ArgumentError(std::string("a\0b", 3)).message(), std::string_view("a\0b", 3));
+  const ArgumentError with_zero(std::string("a\0b", 3));
+  EXPECT_EQ(with_zero.message(), std::string_view("a\0b", 3));
+  EXPECT_STREQ(with_zero.what(), "a");
 }
 
 }  // namespace
