@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <ostream>
 #include <span>
 #include <string>
 #include <string_view>
@@ -65,6 +66,12 @@ struct Type {
   Text word;
   std::optional<Text> items = {};
 };
+
+std::string name_of(const Type& type) {
+  return std::string(type.word) + (type.items ? "_of_" + std::string(*type.items) : "");
+}
+
+void PrintTo(const Type& type, std::ostream* out) { *out << name_of(type); }
 
 const std::vector<Type> types = {{"integer"}, {"number", "string"}, {"boolean"},         {"string", "string"},
                                  {"array"},   {"array", "string"},  {"array", "integer"}};
@@ -142,9 +149,8 @@ TEST_P(OneParameterOfType, IsAdmittedAsTheModelHasIt) {
   });
 }
 
-INSTANTIATE_TEST_SUITE_P(Types, OneParameterOfType, testing::ValuesIn(types), [](const auto& tested) {
-  return std::string(tested.param.word) + (tested.param.items ? "_of_" + std::string(*tested.param.items) : "");
-});
+INSTANTIATE_TEST_SUITE_P(Types, OneParameterOfType, testing::ValuesIn(types),
+                         [](const auto& tested) { return name_of(tested.param); });
 
 /// A type word that is none of the five is all that matters of a parameter.
 TEST(OneParameter, OfAnUnknownTypeFailsAsTheModelDoes) {
