@@ -23,8 +23,8 @@
 /// The C++ types as which a handler takes its arguments.
 ///
 /// `bool`; every integer type, `double` and `float`, within their ranges; `std::string`, `std::string_view` and `Text`;
-/// `Integer`; `Value`; enumerations; `std::vector` of any of these, and `std::span<const Value>`; `std::optional` of any
-/// of these, which null makes empty. A view lives as long as the keywords that it was taken from.
+/// `Integer`; `Value`; enumerations; `std::vector` of any of these, and `std::span<const Value>`; `std::optional` of
+/// any of these, which null makes empty. A view lives as long as the keywords that it was taken from.
 namespace tool_binding {
 
 /// One value of an enumeration, and the text that stands for it in a request. An enumeration is taken as an argument
@@ -76,8 +76,8 @@ struct ArgumentType {
   bool (*reads)(const Value& value);
   std::string (*name)();
   std::string (*wanted)();
-  const ArgumentType* items;      ///< of a list; null for any other type, and for a list of anything
-  std::vector<Text> (*texts)();   ///< of an enumeration, else null
+  const ArgumentType* items;     ///< of a list; null for any other type, and for a list of anything
+  std::vector<Text> (*texts)();  ///< of an enumeration, else null
 };
 
 namespace detail {
@@ -90,8 +90,7 @@ template <class Type>
 
 template <class Type>
 [[nodiscard]] constexpr ArgumentType made_argument_type() noexcept {
-  ArgumentType made = {Reading<Type>::kinds, reads<Type>,  Reading<Type>::name, Reading<Type>::wanted, nullptr,
-                       nullptr};
+  ArgumentType made = {Reading<Type>::kinds, reads<Type>, Reading<Type>::name, Reading<Type>::wanted, nullptr, nullptr};
   if constexpr (requires { Reading<Type>::items; }) {
     made.items = Reading<Type>::items;
   }
@@ -107,9 +106,9 @@ template <class Type>
 [[nodiscard]] std::optional<double> nearest_double(const Value& integer);
 
 template <class Number>
-concept IntegerType = std::integral<Number> && sizeof(Number) <= sizeof(std::int64_t) &&
-    !std::same_as<Number, bool> && !std::same_as<Number, char> && !std::same_as<Number, wchar_t> &&
-    !std::same_as<Number, char8_t> && !std::same_as<Number, char16_t> && !std::same_as<Number, char32_t>;
+concept IntegerType = std::integral<Number> && sizeof(Number) <= sizeof(std::int64_t) && !std::same_as<Number, bool> &&
+                      !std::same_as<Number, char> && !std::same_as<Number, wchar_t> && !std::same_as<Number, char8_t> &&
+                      !std::same_as<Number, char16_t> && !std::same_as<Number, char32_t>;
 
 template <class Type>
 concept Enumerated = std::is_enum_v<Type> && requires(Type value) {
@@ -136,9 +135,7 @@ struct Reading<Value> {
 template <>
 struct Reading<bool> {
   static constexpr Kinds kinds{Kind::boolean};
-  static bool read(const Value& value, bool& out) {
-    return value.is_boolean() && (out = value.boolean(), true);
-  }
+  static bool read(const Value& value, bool& out) { return value.is_boolean() && (out = value.boolean(), true); }
   static std::string name() { return "bool"; }
   static std::string wanted() { return "true or false"; }
 };
@@ -170,9 +167,7 @@ struct Reading<Number> {
 template <>
 struct Reading<Integer> {
   static constexpr Kinds kinds{Kind::integer};
-  static bool read(const Value& value, Integer& out) {
-    return value.is_integer() && (out = value.integer(), true);
-  }
+  static bool read(const Value& value, Integer& out) { return value.is_integer() && (out = value.integer(), true); }
   static std::string name() { return "tool_binding::Integer"; }
   static std::string wanted() { return "a whole number"; }
 };

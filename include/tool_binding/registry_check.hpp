@@ -40,6 +40,16 @@ struct Finding {
     type_word,          ///< none of the five
     bound,              ///< no number
     undeclared_action,  ///< a reference to an action that is not declared
+    // errors of a handler that lists types
+    undeclared_parameter,  ///< an argument that the tool does not declare
+    unlisted_parameter,    ///< a parameter that the tool declares and the handler does not list
+    argument_type,         ///< a type that does not take what the parameter is given as
+    null_argument,         ///< a type that takes no null, for a parameter that can be left out
+    argument_value,        ///< a default that the type does not take
+    open_enumeration,      ///< an enumeration, for a parameter that allows any text
+    no_enumerator,         ///< a declared value that the enumeration lacks
+    unoffered_item,        ///< a context item that the daemon does not offer
+    item_type,             ///< a context item that the daemon does not offer as that type
     // warnings
     crossed_bounds,         ///< a minimum above the maximum
     idle_bound,             ///< a bound that never acts
@@ -68,14 +78,16 @@ struct Finding {
 [[nodiscard]] bool is_error(Finding::Kind kind) noexcept;
 
 /// What makes these entries unusable. Names of parameters and actions are compared as they stand. Of two that clash,
-/// the later one is the fault.
-[[nodiscard]] std::vector<Finding> registry_errors(std::span<const RegistryEntry> entries);
+/// the later one is the fault. Context items are judged where the context that the daemon offers is known.
+[[nodiscard]] std::vector<Finding> registry_errors(std::span<const RegistryEntry> entries,
+                                                   const KeywordArguments* offered = nullptr);
 
 /// What is doubtful in these entries. What `registry_errors` names is not named again.
 [[nodiscard]] std::vector<Finding> registry_warnings(std::span<const RegistryEntry> entries);
 
 /// The errors, then the warnings.
-[[nodiscard]] std::vector<Finding> check_registry(std::span<const RegistryEntry> entries);
+[[nodiscard]] std::vector<Finding> check_registry(std::span<const RegistryEntry> entries,
+                                                  const KeywordArguments* offered = nullptr);
 
 /// A registry that cannot be used. Its message has a line for each fault:
 /// "line 12: tools[3].params[0].type: " and what is wrong there; the line only where it is known.
@@ -94,10 +106,15 @@ class RegistryError : public ValueError {
 /// The handlers by the names of their tools.
 using Handlers = OrderedMap<Handler>;
 
-/// Checks the entries, adds their tools to the table and returns their handlers. Throws RegistryError with every error,
-/// a name that the table holds already included, and then has added none. Warnings are for `registry_warnings` to say.
+/// Checks the entries, adds their tools to the table and returns their handlers, each as it answers its tool. Throws
+/// RegistryError with every error, a name that the table holds already included, and then has added none. Warnings are
+/// for `registry_warnings` to say. `offered` is the context that the daemon offers, or one that stands for it: items of
+/// the same names and types. Without it no context item is checked.
+[[nodiscard]] Handlers declare_tools(ToolTable& table, std::vector<RegistryEntry> entries,
+                                     const KeywordArguments& offered);
 [[nodiscard]] Handlers declare_tools(ToolTable& table, std::vector<RegistryEntry> entries);
 /// The same with `TOOLS`.
+[[nodiscard]] Handlers declare_tools(std::vector<RegistryEntry> entries, const KeywordArguments& offered);
 [[nodiscard]] Handlers declare_tools(std::vector<RegistryEntry> entries);
 
 /// The type word that `spelling` stands for in other languages and libraries ("float" is "number"), no value for one

@@ -160,8 +160,7 @@ class TypedHandler {
  public:
   /// Of whatever answers with something that `Answer` is made of: what `handler` returns, mostly.
   template <class Listed>
-  requires(!std::same_as<Listed, TypedHandler>)
-      TypedHandler(Listed listed)  // NOLINT(google-explicit-constructor)
+  requires(!std::same_as<Listed, TypedHandler>) TypedHandler(Listed listed)  // NOLINT(google-explicit-constructor)
       : signature_(listed.signature()),
         function_(listed),
         for_tool_([listed](const ToolSpec& tool) { return TypedHandler(listed.for_tool(tool)); }) {}
@@ -181,8 +180,8 @@ class TypedHandler {
   std::function<TypedHandler(const ToolSpec&)> for_tool_;
 };
 
-/// What `handler` returns: a function and the list of what it takes. It becomes a `Handler` where `Value` can be made of
-/// what the function returns, and a `TypedHandler<Answer>` where `Answer` can.
+/// What `handler` returns: a function and the list of what it takes. It becomes a `Handler` where `Value` can be made
+/// of what the function returns, and a `TypedHandler<Answer>` where `Answer` can.
 template <class Function, class... Listed>
 class ListedHandler {
  public:

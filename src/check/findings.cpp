@@ -16,7 +16,7 @@ struct KindRow {
   std::string_view words;  ///< each "{}" stands for a piece
 };
 
-constexpr std::array<KindRow, 21> kinds = {{
+constexpr auto kinds = std::to_array<KindRow>({
     {Found::shape, true, "{}"},
     {Found::empty_name, true, "a name must not be empty"},
     {Found::repeated_name, true, "{} is declared already at {}"},
@@ -25,6 +25,16 @@ constexpr std::array<KindRow, 21> kinds = {{
     {Found::type_word, true, "must be integer, number, boolean, string or array, not {}{}"},
     {Found::bound, true, "must be a number, not {}"},
     {Found::undeclared_action, true, "{} is no declared action{}"},
+    {Found::undeclared_parameter, true, "{} is no declared parameter{}"},
+    {Found::unlisted_parameter, true, "does not list {}, which the tool declares: list {}, or rest()"},
+    {Found::argument_type, true, "{} is given as {}, and taken as {}: write {}"},
+    {Found::null_argument, true, "{} is null where {} leaves it out: write {}, or declare a default"},
+    {Found::argument_value, true, "{} can be {}, and {} takes only {}"},
+    {Found::open_enumeration, true, "{} can be any text, and {} takes only {}: declare these as the values allowed"},
+    {Found::no_enumerator, true, "{} may be sent, and {} takes only {}"},
+    {Found::unoffered_item, true, "{} is no context item that the daemon offers{}"},
+    {Found::item_type, true,
+     "{} is offered as {}, and taken as {}: take what is offered, or offer it with bases<> of what is taken"},
     {Found::crossed_bounds, false, "{} is above the maximum {}"},
     {Found::idle_bound, false, "{} never acts: {}"},
     {Found::refused_default, false, "{} would be refused if it were sent: {}"},
@@ -39,7 +49,7 @@ constexpr std::array<KindRow, 21> kinds = {{
     {Found::idle_items_type, false, "{} never acts: items are taken as they come, but for 'string'"},
     {Found::unusual_name, false, "{} is refused by common clients: they take 1 to 64 of A-Z, a-z, 0-9, _ and -"},
     {Found::unusual_size, false, "{} {} are refused by common clients: they take no more than {}"},
-}};
+});
 
 const KindRow& row_of(Found kind) noexcept {
   return *std::find_if(kinds.begin(), kinds.end(), [&](const KindRow& row) { return row.kind == kind; });

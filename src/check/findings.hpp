@@ -23,6 +23,9 @@ class Findings {
   std::vector<Finding> all_;
 };
 
+/// "; did you mean 'limit'?", empty where none of the names is near.
+[[nodiscard]] std::string did_you_mean_one_of(const std::vector<Text>& names, const Text& given);
+
 /// A name or a text as findings show it.
 [[nodiscard]] inline std::string quoted(const Text& text) { return quoted_form(Value(text)); }
 

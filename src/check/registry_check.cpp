@@ -20,8 +20,9 @@ std::string lines_for(std::span<const Finding> faults) {
 }
 
 /// The faults of the entries, and of those whose tools the table holds already.
-std::vector<Finding> errors_beside(const ToolTable& table, std::span<const RegistryEntry> entries) {
-  std::vector<Finding> errors = registry_errors(entries);
+std::vector<Finding> errors_beside(const ToolTable& table, std::span<const RegistryEntry> entries,
+                                   const KeywordArguments* offered) {
+  std::vector<Finding> errors = registry_errors(entries, offered);
   Findings repeated;
   for (std::size_t index = 0; index < entries.size(); ++index) {
     if (table.find(entries[index].tool.name) != nullptr) {
@@ -35,10 +36,29 @@ std::vector<Finding> errors_beside(const ToolTable& table, std::span<const Regis
   return errors;
 }
 
+Handlers declare(ToolTable& table, std::vector<RegistryEntry> entries, const KeywordArguments* offered) {
+  if (std::vector<Finding> errors = errors_beside(table, entries, offered); !errors.empty()) {
+    throw RegistryError(std::move(errors));
+  }
+  Handlers handlers;
+  handlers.reserve(entries.size());
+  std::vector<ToolSpec> tools;
+  tools.reserve(entries.size());
+  for (RegistryEntry& entry : entries) {
+    const ToolSpec& tool = tools.emplace_back(std::move(entry.tool));
+    if (entry.handler.for_tool) {
+      entry.handler.function = entry.handler.for_tool(tool);
+    }
+    handlers.append(tool.name(), std::move(entry.handler));
+  }
+  table.add(tools);
+  return handlers;
+}
+
 }  // namespace
 
-std::vector<Finding> check_registry(std::span<const RegistryEntry> entries) {
-  std::vector<Finding> findings = registry_errors(entries);
+std::vector<Finding> check_registry(std::span<const RegistryEntry> entries, const KeywordArguments* offered) {
+  std::vector<Finding> findings = registry_errors(entries, offered);
   for (Finding& warning : registry_warnings(entries)) {
     findings.push_back(std::move(warning));
   }
@@ -48,22 +68,18 @@ std::vector<Finding> check_registry(std::span<const RegistryEntry> entries) {
 RegistryError::RegistryError(std::vector<Finding> faults)
     : ValueError(lines_for(faults)), faults_(std::make_shared<const std::vector<Finding>>(std::move(faults))) {}
 
-Handlers declare_tools(std::vector<RegistryEntry> entries) { return declare_tools(TOOLS, std::move(entries)); }
+Handlers declare_tools(ToolTable& table, std::vector<RegistryEntry> entries, const KeywordArguments& offered) {
+  return declare(table, std::move(entries), &offered);
+}
 
 Handlers declare_tools(ToolTable& table, std::vector<RegistryEntry> entries) {
-  if (std::vector<Finding> errors = errors_beside(table, entries); !errors.empty()) {
-    throw RegistryError(std::move(errors));
-  }
-  Handlers handlers;
-  handlers.reserve(entries.size());
-  std::vector<ToolSpec> tools;
-  tools.reserve(entries.size());
-  for (RegistryEntry& entry : entries) {
-    handlers.append(entry.tool.name, std::move(entry.handler));
-    tools.emplace_back(std::move(entry.tool));
-  }
-  table.add(tools);
-  return handlers;
+  return declare(table, std::move(entries), nullptr);
 }
+
+Handlers declare_tools(std::vector<RegistryEntry> entries, const KeywordArguments& offered) {
+  return declare(TOOLS, std::move(entries), &offered);
+}
+
+Handlers declare_tools(std::vector<RegistryEntry> entries) { return declare(TOOLS, std::move(entries), nullptr); }
 
 }  // namespace tool_binding

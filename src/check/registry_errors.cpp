@@ -6,6 +6,7 @@
 
 #include "admission/near_names.hpp"
 #include "check/findings.hpp"
+#include "check/handler_errors.hpp"
 #include "registry/prepared_tool.hpp"
 
 namespace tool_binding {
@@ -23,15 +24,11 @@ bool is_bound(const Value& value) noexcept { return value.is_null() || value.is_
 
 std::string did_you_mean(std::string_view word) { return "; did you mean '" + std::string(word) + "'?"; }
 
-std::string did_you_mean_one_of(const std::vector<Text>& names, const Text& given) {
-  const detail::NearCandidates candidates(names);
-  const Text* const near = _nearest(given, candidates);
-  return near == nullptr ? "" : did_you_mean(*near);
-}
-
 /// Judges one thing after another and collects the faults.
 class Judging {
  public:
+  explicit Judging(const KeywordArguments* offered) : offered_(offered) {}
+
   void judge(std::span<const RegistryEntry> entries) {
     Places tools;
     for (std::size_t index = 0; index < entries.size(); ++index) {
@@ -39,7 +36,7 @@ class Judging {
       declare(tools, entries[index].tool.name, member_place(place, "name"));
       judge_actions(entries[index].tool, place);
       judge_params(entries[index].tool, place);
-      judge_handler(entries[index].handler.signature, member_place(place, "handler"));
+      judge_handler(entries[index].tool, entries[index].handler.signature, member_place(place, "handler"));
     }
   }
 
@@ -51,7 +48,7 @@ class Judging {
   void judge_synonyms(const std::vector<Text>& of_one, const std::string& place, const Places& names, Places& synonyms);
   void judge_param(const ParamSpec& param, const std::string& place);
   void judge_references(const ToolDeclaration& tool, const ParamSpec& param, const std::string& place);
-  void judge_handler(const Signature& signature, const std::string& place);
+  void judge_handler(const ToolDeclaration& tool, const Signature& signature, const std::string& place);
 
   /// Notes a declared name, which must be new among `names`.
   void declare(Places& names, const Text& name, std::string place) {
@@ -89,6 +86,7 @@ class Judging {
     }
   }
 
+  const KeywordArguments* offered_;  ///< null where it is not known
   Findings findings_;
 };
 
@@ -161,18 +159,25 @@ void Judging::judge_references(const ToolDeclaration& tool, const ParamSpec& par
   }
 }
 
-void Judging::judge_handler(const Signature& signature, const std::string& place) {
+void Judging::judge_handler(const ToolDeclaration& tool, const Signature& signature, const std::string& place) {
   Places names;
   const std::string parameters_place = member_place(place, "parameters");
   for (std::size_t index = 0; index < signature.parameters.size(); ++index) {
     declare(names, signature.parameters[index].name, member_place(item_place(parameters_place, index), "name"));
   }
+  judge_types(tool, signature, offered_, place, findings_);
 }
 
 }  // namespace
 
-std::vector<Finding> registry_errors(std::span<const RegistryEntry> entries) {
-  Judging judging;
+std::string did_you_mean_one_of(const std::vector<Text>& names, const Text& given) {
+  const detail::NearCandidates candidates(names);
+  const Text* const near = _nearest(given, candidates);
+  return near == nullptr ? "" : did_you_mean(*near);
+}
+
+std::vector<Finding> registry_errors(std::span<const RegistryEntry> entries, const KeywordArguments* offered) {
+  Judging judging(offered);
   judging.judge(entries);
   return judging.take();
 }

@@ -255,6 +255,9 @@ void Doubting::judge_default(const ParameterAlone& alone, const Value& value, st
 }
 
 void Doubting::judge_handler(const RegistryEntry& entry, const std::string& place) {
+  if (entry.handler.signature.complete) {
+    return;  // what it leaves out is an error
+  }
   const std::vector<Parameter>& declared = entry.handler.signature.parameters;
   const auto takes = [&](const Text& name) {
     return std::any_of(declared.begin(), declared.end(), [&](const Parameter& parameter) {

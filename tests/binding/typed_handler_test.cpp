@@ -173,7 +173,9 @@ TEST(TypedHandler, TellsEveryArgumentThatItsTypesCannotHold) {
   const ListedHandler both =
       handler([](std::uint8_t, std::int8_t) { return 0; }, argument<std::uint8_t>("a"), argument<std::int8_t>("b"))
           .for_tool(ToolSpec({.name = "t"}));
-  EXPECT_EQ(outcome_of([&] { return Value(both({{"b", 300}, {"a", -1}})); }),
+  EXPECT_EQ(outcome_of([&] {
+              return Value(both({{"b", 300}, {"a", -1}}));
+            }),
             "refused: Parameter 'a' of t must be a whole number from 0 to 255, not -1; Parameter 'b' of t must be a "
             "whole number from -128 to 127, not 300");
 }
@@ -222,7 +224,8 @@ TEST(TypedHandler, TakesTheWholeMapAndTheObjectOfAMemberFunction) {
     }
   };
   const Daemon daemon;
-  const TypedHandler<double> adding = handler(&Daemon::add, item<const Daemon>("daemon"), argument<int>("more"), rest());
+  const TypedHandler<double> adding =
+      handler(&Daemon::add, item<const Daemon>("daemon"), argument<int>("more"), rest());
   EXPECT_EQ(adding({{"more", 1}, {"daemon", KeywordArgument::context(daemon)}, {"unlisted", "x"}}), 44.0);
   EXPECT_EQ(adding.signature().parameters[2].kind, Parameter::Kind::VAR_KEYWORD);
 }

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "check/findings.hpp"
+
+namespace tool_binding {
+
+/// Adds a finding for everything that the signature, which stands at `place`, says of its types and that the tool, or
+/// the context that the daemon offers, does not give. `offered` is null where that is not known. Of a signature without
+/// types nothing is said.
+void judge_types(const ToolDeclaration& tool, const Signature& signature, const KeywordArguments* offered,
+                 const std::string& place, Findings& findings);
+
+}  // namespace tool_binding
