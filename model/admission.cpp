@@ -228,7 +228,7 @@ Value Admission::bounded(const ParamSpec& param, const Value& value) {
   if (!below && !above) {
     return value;
   }
-  const Value used = replacement_by(param, below ? param.minimum : param.maximum);
+  Value used = replacement_by(param, below ? param.minimum : param.maximum);
   notes.push_back(in_quotes(param.name) + " " + quoted_form(value) + " is " +
                   (below ? "below the minimum" : "above the maximum") + ": " + quoted_form(used) + " was used");
   return used;

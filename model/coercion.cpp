@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "model/coercion.hpp"
 
-#include <locale.h>
-
+#include <clocale>
 #include <cmath>
 #include <cstdlib>
 #include <stdexcept>
@@ -25,7 +24,7 @@ struct Numeral {
   std::string read = {};
 
   bool take_any_of(std::u32string_view characters) {
-    if (rest.empty() || characters.find(rest.front()) == characters.npos) {
+    if (rest.empty() || characters.find(rest.front()) == std::u32string_view::npos) {
       return false;
     }
     read += static_cast<char>(rest.front());

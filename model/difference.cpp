@@ -170,8 +170,8 @@ std::string difference_in_admission(const Tool& tool, const ArgumentMap& request
 }
 
 std::string difference_in_binding(const Tool& tool, const ArgumentMap& arguments) {
-  const ArgumentMap bound = model::bind_arguments(tool.declared, arguments);
-  const auto model = [&] { return bound; };
+  const auto model = [&] { return model::bind_arguments(tool.declared, arguments); };
+  const ArgumentMap bound = model();
   std::string found = difference(
       tool, "binding of", arguments, [&] { return tool_binding::bind_arguments(tool.record, arguments); }, model);
   found += difference(

@@ -24,7 +24,7 @@ Block longest_run(std::u32string_view a, std::u32string_view b, std::u32string_v
   for (std::size_t i = 0; i < a.size(); ++i) {
     std::vector<std::size_t> here(b.size() + 1);
     for (std::size_t j = 0; j < b.size(); ++j) {
-      const bool is_same = a[i] == b[j] && popular.find(a[i]) == popular.npos;
+      const bool is_same = a[i] == b[j] && popular.find(a[i]) == std::u32string_view::npos;
       here[j + 1] = is_same ? before[j] + 1 : 0;
       if (here[j + 1] > best.size) {
         best = {i + 1 - here[j + 1], j + 1 - here[j + 1], here[j + 1]};
