@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "admission/near_names.hpp"
-#include "registry/prepared_tool.hpp"
+#include "compile/compiled_tool.hpp"
+#include "near_names/nearest.hpp"
 #include "tool_binding/json/reader.hpp"
 #include "walk.hpp"
 
@@ -37,7 +37,7 @@ TEST(Allocations, OfARefusalAreItsText) {
 
 TEST(Allocations, OfANearNameSearchAreNone) {
   const Walk walk;
-  const detail::NearCandidates& names = walk.tool.prepared().near_params;
+  const detail::NearCandidates& names = detail::compiled(walk.tool).near_params;
   for (const std::string_view word : {"lmit", "contxt_lines", "nothing like it"}) {
     EXPECT_EQ(allocations_of([&] { static_cast<void>(_nearest(word, names)); }), 0U) << word;
   }

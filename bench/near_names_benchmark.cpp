@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "admission/near_names.hpp"
 #include "allocations.hpp"
+#include "near_names/nearest.hpp"
 #include "textbook_search.hpp"
 
 /// Two misspelled names among 16 and among 1,000: the layer's search, and the textbook's with the same answers.

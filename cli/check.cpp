@@ -62,7 +62,7 @@ ExitStatus check(const std::string& path) {
   std::string out;
   ExitStatus status = ExitStatus::answered;
   const json::RegistryFile file = read_registry_file(path);
-  for (const Finding& finding : file.check()) {
+  for (const RegistryFinding& finding : file.check()) {
     out.append(name).append(":").append(std::to_string(finding.line));
     out.append(is_error(finding.kind) ? ": error: " : ": warning: ");
     out.append(finding.place.empty() ? "the file" : finding.place).append(names_around(finding.place, file.entries()));

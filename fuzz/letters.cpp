@@ -4,9 +4,9 @@
 #include "choices.hpp"
 #include "text/code_points.hpp"
 #include "text/lower_case.hpp"
-#include "text/text_values.hpp"
 #include "text/unicode.hpp"
 #include "text/white_space.hpp"
+#include "types/text_values.hpp"
 
 /// A text stripped of white space and brought to lower case, held to what both mean for its code points.
 namespace tool_binding::fuzz {
@@ -76,7 +76,7 @@ void check(Choices choices) {
   const Text lower = text::lower_case(letters);
   require(lower == lowered(letters), "each code point is lowered", letters);
   require(text::lower_case(lower) == lower, "what is in lower case stays", letters);
-  require(text::read_bool(letters) == text::read_bool(text::lower_case(strip)), "a truth word has no case", letters);
+  require(types::read_bool(letters) == types::read_bool(text::lower_case(strip)), "a truth word has no case", letters);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "admission/near_names.hpp"
-
 #include "choices.hpp"
+#include "near_names/nearest.hpp"
 #include "support/close_matches.hpp"
 #include "text/code_points.hpp"
 

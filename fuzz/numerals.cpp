@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "text/numerals.hpp"
+#include "types/numerals.hpp"
 
 #include <cmath>
 #include <cstdlib>
@@ -76,14 +76,14 @@ bool same_double(double left, double right) {
 }
 
 void check_integer(const std::string& numeral, const std::string& ascii) {
-  const std::optional<Integer> read = text::read_integer(numeral);
+  const std::optional<Integer> read = types::read_integer(numeral);
   require(read.has_value() == is_integer(ascii), "a sign and digits are an integer, and nothing else is", numeral);
   if (!read) {
     return;
   }
   require(*read == Integer::from_decimal(ascii.substr(ascii.front() == '+' ? 1 : 0)), "its digits are kept", numeral);
-  require(text::read_integer(read->to_string()) == read, "an integer is read as it is written", numeral);
-  const std::optional<double> floating = text::read_floating(numeral);
+  require(types::read_integer(read->to_string()) == read, "an integer is read as it is written", numeral);
+  const std::optional<double> floating = types::read_floating(numeral);
   require(floating.has_value(), "an integer is a floating number too", numeral);
   try {
     require(read->to_double() == *floating, "both readers agree", numeral);
@@ -95,12 +95,12 @@ void check_integer(const std::string& numeral, const std::string& ascii) {
 }
 
 void check_floating(const std::string& numeral, const std::string& ascii) {
-  const std::optional<double> read = text::read_floating(numeral);
+  const std::optional<double> read = types::read_floating(numeral);
   const std::optional<double> expected = floating_of(ascii);
   require(read.has_value() == expected.has_value(), "a floating number has one grammar", numeral);
   if (read) {
     require(same_double(*read, *expected), "a floating number is rounded correctly", numeral);
-    const auto again = text::read_floating(plain_form(*read));
+    const auto again = types::read_floating(plain_form(*read));
     require(again && same_double(*again, *read), "a floating number is read as it is written", numeral);
   }
 }

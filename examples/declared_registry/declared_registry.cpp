@@ -32,7 +32,7 @@ const std::vector<tb::RegistryEntry> registry = {
 int main() {
   try {
     const tb::Handlers handlers = tb::declare_tools(registry);
-    for (const tb::Finding& warning : tb::registry_warnings(registry)) {
+    for (const tb::RegistryFinding& warning : tb::registry_warnings(registry)) {
       std::cout << "warning: " << warning.place << ": " << warning.words << '\n';
     }
     const tb::ArgumentMap admitted = tb::normalize_arguments("search", {{"q", "open_index"}}).arguments();

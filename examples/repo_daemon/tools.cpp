@@ -17,11 +17,11 @@ bool is_bound(const tb::ToolDeclaration& tool, const tb::Text& name) {
 
 /// The registry knows what is bound for a handler; what the daemon supplies beside it is known here alone.
 void find_missing_context(const tb::RegistryEntry& entry, const tb::KeywordArguments& context,
-                          std::vector<tb::Finding>& findings) {
+                          std::vector<tb::RegistryFinding>& findings) {
   for (const tb::Parameter& parameter : entry.handler.signature.parameters) {
     if (parameter.kind == tb::Parameter::Kind::NAMED && !is_bound(entry.tool, parameter.name) &&
         !context.contains(parameter.name)) {
-      findings.push_back({.kind = tb::Finding::Kind::keyword_without_taker,
+      findings.push_back({.kind = tb::RegistryFinding::Kind::keyword_without_taker,
                           .place = std::string(entry.tool.name),
                           .words = "the handler takes '" + std::string(parameter.name) + "', which nobody gives"});
     }
@@ -32,7 +32,7 @@ void find_missing_context(const tb::RegistryEntry& entry, const tb::KeywordArgum
 
 tb::Handlers declare_all(const tb::KeywordArguments& context) {
   std::vector<tb::RegistryEntry> entries = {search_tool(), read_tool(), files_tool(), status_tool()};
-  std::vector<tb::Finding> findings = tb::check_registry(entries);
+  std::vector<tb::RegistryFinding> findings = tb::check_registry(entries);
   for (const tb::RegistryEntry& entry : entries) {
     find_missing_context(entry, context, findings);
   }

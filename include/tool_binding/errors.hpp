@@ -2,6 +2,8 @@
 #pragma once
 
 #include <exception>
+#include <memory>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -14,6 +16,11 @@
 /// Two failures of other origin pass through every function of the layer: std::overflow_error for a number that no
 /// double can hold, and std::bad_alloc.
 namespace tool_binding {
+
+struct Finding;
+namespace detail {
+struct Refusal;
+}
 
 /// What all errors of the layer share.
 class Error : public std::exception {
@@ -65,6 +72,15 @@ class UnknownToolError : public KeyError {
 class ArgumentError : public ValueError {
  public:
   using ValueError::ValueError;
+  ArgumentError(Text message, std::shared_ptr<const detail::Refusal> refusal) noexcept
+      : ValueError(std::move(message)), refusal_(std::move(refusal)) {}
+
+  /// The notes and problems of the request as data, in the order in which they were found; nothing for an error that
+  /// was made of a message alone. Lives as long as any copy of this error.
+  [[nodiscard]] std::span<const Finding> findings() const noexcept;
+
+ private:
+  std::shared_ptr<const detail::Refusal> refusal_;
 };
 
 }  // namespace tool_binding

@@ -29,7 +29,7 @@ struct RegistryEntry {
 };
 
 /// One thing that is wrong or doubtful.
-struct Finding {
+struct RegistryFinding {
   enum class Kind : std::uint8_t {
     // errors
     shape,              ///< what was read is no declaration; found by readers of files only
@@ -71,22 +71,22 @@ struct Finding {
   std::string words;     ///< what is wrong there
   std::size_t line = 0;  ///< the line of the file, counted from 1; 0 when it is not known
 
-  friend bool operator==(const Finding&, const Finding&) = default;
+  friend bool operator==(const RegistryFinding&, const RegistryFinding&) = default;
 };
 
 /// Whether such a finding makes the registry unusable.
-[[nodiscard]] bool is_error(Finding::Kind kind) noexcept;
+[[nodiscard]] bool is_error(RegistryFinding::Kind kind) noexcept;
 
 /// What makes these entries unusable. Names of parameters and actions are compared as they stand. Of two that clash,
 /// the later one is the fault. Context items are judged where the context that the daemon offers is known.
-[[nodiscard]] std::vector<Finding> registry_errors(std::span<const RegistryEntry> entries,
+[[nodiscard]] std::vector<RegistryFinding> registry_errors(std::span<const RegistryEntry> entries,
                                                    const KeywordArguments* offered = nullptr);
 
 /// What is doubtful in these entries. What `registry_errors` names is not named again.
-[[nodiscard]] std::vector<Finding> registry_warnings(std::span<const RegistryEntry> entries);
+[[nodiscard]] std::vector<RegistryFinding> registry_warnings(std::span<const RegistryEntry> entries);
 
 /// The errors, then the warnings.
-[[nodiscard]] std::vector<Finding> check_registry(std::span<const RegistryEntry> entries,
+[[nodiscard]] std::vector<RegistryFinding> check_registry(std::span<const RegistryEntry> entries,
                                                   const KeywordArguments* offered = nullptr);
 
 /// A registry that cannot be used. Its message has a line for each fault:
@@ -94,13 +94,13 @@ struct Finding {
 class RegistryError : public ValueError {
  public:
   /// Precondition: `faults` is not empty.
-  explicit RegistryError(std::vector<Finding> faults);
+  explicit RegistryError(std::vector<RegistryFinding> faults);
 
   /// Every fault. Lives as long as any copy of this error.
-  [[nodiscard]] std::span<const Finding> faults() const noexcept { return *faults_; }
+  [[nodiscard]] std::span<const RegistryFinding> faults() const noexcept { return *faults_; }
 
  private:
-  std::shared_ptr<const std::vector<Finding>> faults_;
+  std::shared_ptr<const std::vector<RegistryFinding>> faults_;
 };
 
 /// The handlers by the names of their tools.

@@ -18,7 +18,6 @@ class Text;
 
 namespace detail {
 [[nodiscard]] const Cell& cell_of(const Text& text) noexcept;
-struct LooseText;
 }  // namespace detail
 
 /// An immutable text of 16 bytes that is copied without copying its content.
@@ -72,24 +71,12 @@ class Text {
  private:
   friend class Value;
   friend const detail::Cell& detail::cell_of(const Text& text) noexcept;
-  friend struct detail::LooseText;
   explicit Text(const detail::Cell& cell) noexcept : cell_(cell) {}
-  explicit Text(detail::LooseCell loose) noexcept : cell_(loose) {}
 
   detail::Cell cell_;
 };
 
 static_assert(sizeof(Text) == 16);
-
-/// A text on its way from one owner to the next, past code that must not have to clean up.
-struct detail::LooseText {
-  LooseCell cell = Cell(Tag::empty_text).loosen();
-
-  LooseText() = default;
-  explicit LooseText(Text text) noexcept : cell(text.cell_.loosen()) {}
-  [[nodiscard]] bool empty() const noexcept { return Tag(cell.high >> 56U) == Tag::empty_text; }
-  [[nodiscard]] Text take() const noexcept { return Text(cell); }
-};
 
 inline const detail::Cell& detail::cell_of(const Text& text) noexcept { return text.cell_; }
 

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "tool_binding/admission.hpp"
 #include "tool_binding/errors.hpp"
 #include "tool_binding/handler.hpp"
 #include "tool_binding/tool_registry.hpp"
@@ -25,8 +26,6 @@
 /// says that there is none; the tool of any other table is given as its ToolSpec. A ToolSpec answers for itself: its
 /// own default action and its own parameters count, whatever `TOOLS` holds under its name.
 namespace tool_binding {
-
-class [[gnu::visibility("hidden")]] Normalizing;
 
 /// An admitted request: its arguments as the tool's handler takes them, and what was changed to get there. Immutable;
 /// may be moved from as a whole.
@@ -51,8 +50,6 @@ class NormalizedArguments {
   friend bool operator==(const NormalizedArguments&, const NormalizedArguments&) = default;
 
  private:
-  friend class Normalizing;
-
   ArgumentMap arguments_;
   std::vector<std::string> notes_;
   bool alias_hit_;
@@ -60,22 +57,22 @@ class NormalizedArguments {
 
 namespace detail {
 
-/// Admits one request into `admitted`, which holds nothing yet. Returns the refusal, empty for a request that is
-/// admitted.
-[[nodiscard]] LooseText admit(const ToolSpec& tool, const ArgumentMap& arguments, NormalizedArguments& admitted);
+/// The error that says why a request is refused.
+[[nodiscard]] ArgumentError argument_error(const ToolSpec& tool, Admission&& admission);
 
 }  // namespace detail
 
-/// Admits one request. Throws ArgumentError with every problem of the request; KeyError also for a parameter whose type
-/// word is none of the five, and std::overflow_error for a number that no double can hold.
+/// Admits one request: `admit`, and a throw. Throws ArgumentError with every problem of the request, and what `admit`
+/// throws.
 [[nodiscard]] inline NormalizedArguments normalize_arguments(const ToolSpec& tool, const ArgumentMap& arguments) {
-  NormalizedArguments admitted{ArgumentMap()};
-  const detail::LooseText refusal = detail::admit(tool, arguments, admitted);
-  if (!refusal.empty()) {
+  Admission admission = admit(tool, arguments);
+  if (!admission.is_admitted()) {
     // Thrown from the caller's own frame: what an error costs is the frames that it passes.
-    throw ArgumentError(refusal.take());
+    throw detail::argument_error(tool, std::move(admission));
   }
-  return admitted;
+  std::vector<std::string> notes = admission.notes();
+  const bool alias_hit = admission.alias_hit();
+  return NormalizedArguments(std::move(admission).arguments(), std::move(notes), alias_hit);
 }
 [[nodiscard]] inline NormalizedArguments normalize_arguments(std::string_view tool, const ArgumentMap& arguments) {
   return normalize_arguments(TOOLS[tool], arguments);

@@ -29,6 +29,10 @@ inline constexpr std::string_view ACTION_PARAM = "action";
 /// The argument name that carries the repository's root. Admission drops it, as it drops "repo".
 inline constexpr std::string_view REPO_ROOT_ARGUMENT = "repo_root";
 
+/// Whether admission reads or drops every argument of that name itself: ACTION_PARAM, REPO_ROOT_ARGUMENT and "repo". A
+/// parameter declared under such a name never gets what a request sends by it.
+[[nodiscard]] bool is_reserved_name(std::string_view name) noexcept;
+
 /// The action of a call, or none: nothing, null in each of its forms and an empty optional stand for a call that runs
 /// no action. An empty text names one. Refers to the text that it was made of.
 class ActionName {
@@ -104,11 +108,11 @@ struct ToolDeclaration {
 };
 
 namespace detail {
-struct PreparedTool;
+struct ToolRecord;
 }
 
-/// The record of one tool, immutable, copied without copying its content. Making one indexes its names, so that no
-/// request searches a list. Everything that it hands out lives as long as any copy of the record. A record that is
+/// The record of one tool, immutable, copied without copying its content. Making one compiles the declaration, so that
+/// no request searches a list. Everything that it hands out lives as long as any copy of the record. A record that is
 /// moved from is copied: it stays what it was.
 class ToolSpec {
  public:
@@ -142,11 +146,11 @@ class ToolSpec {
   /// The refusal of an action that the tool does not declare.
   [[nodiscard]] std::string unknown_action_error(const Value& value) const;
 
-  /// What was worked out from the declaration when the record was made; for the layer itself.
-  [[nodiscard]] const detail::PreparedTool& prepared() const noexcept { return *prepared_; }
+  /// What the record consists of; for the layer itself.
+  [[nodiscard]] const detail::ToolRecord& record() const noexcept { return *record_; }
 
  private:
-  std::shared_ptr<const detail::PreparedTool> prepared_;
+  std::shared_ptr<const detail::ToolRecord> record_;
 };
 
 /// The tools by name, in the order in which they were declared. Records stay where they are: what the table hands out

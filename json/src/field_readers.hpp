@@ -26,14 +26,14 @@ class ShapeFaults {
   bool require(bool holds, std::string_view wanted, const Node& node, const std::string& place);
 
   void add(const Node& node, std::string place, std::string words) {
-    faults_.push_back({Finding::Kind::shape, std::move(place), std::move(words), node.line});
+    faults_.push_back({RegistryFinding::Kind::shape, std::move(place), std::move(words), node.line});
   }
 
-  [[nodiscard]] std::span<const Finding> all() const noexcept { return faults_; }
-  [[nodiscard]] std::vector<Finding> take() noexcept { return std::move(faults_); }
+  [[nodiscard]] std::span<const RegistryFinding> all() const noexcept { return faults_; }
+  [[nodiscard]] std::vector<RegistryFinding> take() noexcept { return std::move(faults_); }
 
  private:
-  std::vector<Finding> faults_;
+  std::vector<RegistryFinding> faults_;
 };
 
 /// The word of a handler parameter's kind.

@@ -18,10 +18,10 @@ bool touch(std::string_view left, std::string_view right) noexcept {
 
 /// Adds what was judged of a file to the faults of its shape, each with its line, in the order of the lines. A thing
 /// that has the wrong shape is not judged as well: what stands in its stead is not from the file.
-void add_judged(std::vector<Finding>& findings, const Node& root, std::vector<Finding> judged) {
-  const std::vector<Finding> shape = findings;
-  for (Finding& finding : judged) {
-    const auto is_beside = [&](const Finding& fault) {
+void add_judged(std::vector<RegistryFinding>& findings, const Node& root, std::vector<RegistryFinding> judged) {
+  const std::vector<RegistryFinding> shape = findings;
+  for (RegistryFinding& finding : judged) {
+    const auto is_beside = [&](const RegistryFinding& fault) {
       return is_error(finding.kind) ? !stands_within(finding.place, fault.place) : !touch(finding.place, fault.place);
     };
     if (std::all_of(shape.begin(), shape.end(), is_beside)) {
@@ -37,23 +37,23 @@ void add_judged(std::vector<Finding>& findings, const Node& root, std::vector<Fi
 struct RegistryFile::Content {
   Node root;
   RegistryShape shape;
-  std::vector<Finding> faults;
+  std::vector<RegistryFinding> faults;
 };
 
 RegistryFile::RegistryFile(std::string_view text) {
   Node root = read_node(text);
   RegistryShape shape = read_shape(root);
-  std::vector<Finding> faults = shape.faults;
+  std::vector<RegistryFinding> faults = shape.faults;
   add_judged(faults, root, registry_errors(shape.entries));
   content_ = std::make_shared<const Content>(Content{std::move(root), std::move(shape), std::move(faults)});
 }
 
 std::span<const RegistryEntry> RegistryFile::entries() const noexcept { return content_->shape.entries; }
 
-std::span<const Finding> RegistryFile::faults() const noexcept { return content_->faults; }
+std::span<const RegistryFinding> RegistryFile::faults() const noexcept { return content_->faults; }
 
-std::vector<Finding> RegistryFile::check() const {
-  std::vector<Finding> findings = content_->shape.faults;
+std::vector<RegistryFinding> RegistryFile::check() const {
+  std::vector<RegistryFinding> findings = content_->shape.faults;
   add_judged(findings, content_->root, check_registry(content_->shape.entries));
   return findings;
 }

@@ -128,9 +128,10 @@ void read_field(ShapeFaults& faults, const Node& node, const std::string& place,
   entry.handler.signature.parameters = {{"keywords", Parameter::Kind::VAR_KEYWORD}};
   const std::size_t found_before = faults.all().size();
   read_members(faults, node, place, entry);
-  const std::span<const Finding> found = faults.all().subspan(found_before);
+  const std::span<const RegistryFinding> found = faults.all().subspan(found_before);
   const std::string actions = member_place(place, "actions");
-  if (std::any_of(found.begin(), found.end(), [&](const Finding& f) { return stands_within(f.place, actions); })) {
+  if (std::any_of(found.begin(), found.end(),
+                  [&](const RegistryFinding& f) { return stands_within(f.place, actions); })) {
     forget_references(entry.tool);
   }
 }

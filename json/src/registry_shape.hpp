@@ -11,7 +11,7 @@ namespace tool_binding::json {
 /// What a registry file says, as far as it has the right shape, and where it has not.
 struct RegistryShape {
   std::vector<RegistryEntry> entries;
-  std::vector<Finding> faults;
+  std::vector<RegistryFinding> faults;
 };
 
 /// An entry stands for every item of "tools", so that both are counted alike; a field of the wrong shape keeps its

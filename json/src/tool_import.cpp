@@ -47,7 +47,7 @@ void leave_out_refused(ReadTools& tools, std::string_view list_place, Importing&
   for (const auto& tool : tools) {
     entries.push_back(tool.value_or(RegistryEntry{}));
   }
-  for (const Finding& error : registry_errors(entries)) {
+  for (const RegistryFinding& error : registry_errors(entries)) {
     for (std::size_t index = 0; index < tools.size(); ++index) {
       const std::string place = item_place("tools", index);
       if (tools[index] && stands_within(error.place, place)) {

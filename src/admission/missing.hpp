@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "admission/problems.hpp"
-#include "registry/prepared_tool.hpp"
+#include <optional>
+
+#include "admission/argument_value.hpp"
 #include "text/white_space.hpp"
-#include "tool_binding/tool_registry.hpp"
 
 namespace tool_binding {
 
@@ -20,9 +20,9 @@ namespace tool_binding {
   return !value.is_null() && !(value.is_list() && value.list().empty());
 }
 
-/// Whether a call that runs `action` needs the parameter; null stands for a call that runs none.
-[[nodiscard]] inline bool _needed(const ParamSpec& param, const Text* action) noexcept {
-  if (action != nullptr) {
+/// Whether a call that runs `action` needs the parameter; no action stands for a call that runs none.
+[[nodiscard]] inline bool _needed(const ParamSpec& param, const std::optional<Text>& action) noexcept {
+  if (action) {
     for (const Text& needing : param.required_for) {
       if (*action == needing) {
         return true;
@@ -32,21 +32,18 @@ namespace tool_binding {
   return param.required;
 }
 
-/// Adds the problem of one missing parameter.
-void _add_missing(Problems& problems, const ToolSpec& spec, const Text* action, const ParamSpec& param);
-
-/// Adds a problem for each parameter that a call of `action` needs and that the arguments do not give, in the
-/// registry's order. `value_of(param)` points to a parameter's value in the arguments, or is null where they hold none.
-template <class ValueOf>
-void _missing(const ToolSpec& spec, const Text* action, const ValueOf& value_of, Problems& problems) {
-  for (const std::uint32_t place : spec.prepared().needed) {
-    const detail::PreparedParam& param = spec.prepared().params[place];
-    if (!_needed(*param.spec, action)) {
-      continue;
-    }
-    const Value* const value = value_of(param);
-    if (value == nullptr || !_given(*param.spec, *value)) {
-      _add_missing(problems, spec, action, *param.spec);
+/// Adds a problem for each parameter that a call of `action` needs and that is not given, in the registry's order.
+/// `is_given(param)` says whether the arguments give it.
+template <class IsGiven>
+void _missing(const detail::CompiledTool& tool, const std::optional<Text>& action, const IsGiven& is_given,
+              Findings& findings) {
+  for (const std::uint32_t place : tool.needed) {
+    const detail::CompiledParam& param = tool.compiled_params[place];
+    if (_needed(*param.spec, action) && !is_given(param)) {
+      add_finding(findings, {.kind = Finding::Kind::missing_parameter,
+                             .parameter = param.spec,
+                             .action = action.value_or(Text()),
+                             .tool = &tool});
     }
   }
 }

@@ -8,7 +8,7 @@ namespace tool_binding {
 
 namespace {
 
-using Found = Finding::Kind;
+using Found = RegistryFinding::Kind;
 
 struct KindRow {
   Found kind;
@@ -59,7 +59,7 @@ const KindRow& row_of(Found kind) noexcept {
 
 bool is_error(Found kind) noexcept { return row_of(kind).is_error; }
 
-void Findings::add(Found kind, std::string place, std::initializer_list<std::string_view> pieces) {
+void RegistryFindings::add(Found kind, std::string place, std::initializer_list<std::string_view> pieces) {
   constexpr std::string_view gap = "{}";
   std::string words;
   std::string_view rest = row_of(kind).words;

@@ -11,16 +11,16 @@
 
 namespace tool_binding {
 
-/// Findings as they are made, in words that stand in one table.
-class Findings {
+/// RegistryFindings as they are made, in words that stand in one table.
+class RegistryFindings {
  public:
   /// Adds a finding whose words are those of its kind, with `pieces` in their places.
-  void add(Finding::Kind kind, std::string place, std::initializer_list<std::string_view> pieces = {});
+  void add(RegistryFinding::Kind kind, std::string place, std::initializer_list<std::string_view> pieces = {});
 
-  [[nodiscard]] std::vector<Finding> take() { return std::move(all_); }
+  [[nodiscard]] std::vector<RegistryFinding> take() { return std::move(all_); }
 
  private:
-  std::vector<Finding> all_;
+  std::vector<RegistryFinding> all_;
 };
 
 /// "; did you mean 'limit'?", empty where none of the names is near.

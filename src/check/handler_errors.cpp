@@ -13,7 +13,7 @@ namespace tool_binding {
 
 namespace {
 
-using Found = Finding::Kind;
+using Found = RegistryFinding::Kind;
 
 /// What a handler is given for a type word, and as what it is taken best.
 struct Given {
@@ -90,7 +90,7 @@ std::string best_type(const ToolDeclaration& tool, const ParamSpec& param) {
 class JudgingTypes {
  public:
   JudgingTypes(const ToolDeclaration& tool, const Signature& signature, const KeywordArguments* offered,
-               const std::string& place, Findings& findings)
+               const std::string& place, RegistryFindings& findings)
       : tool_(tool), signature_(signature), offered_(offered), place_(place), findings_(findings) {}
 
   void judge() {
@@ -141,7 +141,7 @@ class JudgingTypes {
   const Signature& signature_;
   const KeywordArguments* offered_;
   const std::string& place_;
-  Findings& findings_;
+  RegistryFindings& findings_;
   std::string here_;  ///< the place of the parameter that is judged
 };
 
@@ -249,7 +249,7 @@ void JudgingTypes::judge_unlisted() {
 }  // namespace
 
 void judge_types(const ToolDeclaration& tool, const Signature& signature, const KeywordArguments* offered,
-                 const std::string& place, Findings& findings) {
+                 const std::string& place, RegistryFindings& findings) {
   JudgingTypes(tool, signature, offered, place, findings).judge();
 }
 

@@ -11,6 +11,6 @@ namespace tool_binding {
 /// the context that the daemon offers, does not give. `offered` is null where that is not known. Of a signature without
 /// types nothing is said.
 void judge_types(const ToolDeclaration& tool, const Signature& signature, const KeywordArguments* offered,
-                 const std::string& place, Findings& findings);
+                 const std::string& place, RegistryFindings& findings);
 
 }  // namespace tool_binding

@@ -9,9 +9,9 @@ namespace tool_binding {
 
 namespace {
 
-std::string lines_for(std::span<const Finding> faults) {
+std::string lines_for(std::span<const RegistryFinding> faults) {
   std::string lines;
-  for (const Finding& fault : faults) {
+  for (const RegistryFinding& fault : faults) {
     lines.append(lines.empty() ? "" : "\n");
     lines.append(fault.line == 0 ? "" : "line " + std::to_string(fault.line) + ": ");
     lines.append(fault.place.empty() ? "the file" : fault.place).append(": ").append(fault.words);
@@ -20,24 +20,24 @@ std::string lines_for(std::span<const Finding> faults) {
 }
 
 /// The faults of the entries, and of those whose tools the table holds already.
-std::vector<Finding> errors_beside(const ToolTable& table, std::span<const RegistryEntry> entries,
+std::vector<RegistryFinding> errors_beside(const ToolTable& table, std::span<const RegistryEntry> entries,
                                    const KeywordArguments* offered) {
-  std::vector<Finding> errors = registry_errors(entries, offered);
-  Findings repeated;
+  std::vector<RegistryFinding> errors = registry_errors(entries, offered);
+  RegistryFindings repeated;
   for (std::size_t index = 0; index < entries.size(); ++index) {
     if (table.find(entries[index].tool.name) != nullptr) {
-      repeated.add(Finding::Kind::repeated_name, member_place(item_place("tools", index), "name"),
+      repeated.add(RegistryFinding::Kind::repeated_name, member_place(item_place("tools", index), "name"),
                    {quoted(entries[index].tool.name), "an earlier call"});
     }
   }
-  for (Finding& fault : repeated.take()) {
+  for (RegistryFinding& fault : repeated.take()) {
     errors.push_back(std::move(fault));
   }
   return errors;
 }
 
 Handlers declare(ToolTable& table, std::vector<RegistryEntry> entries, const KeywordArguments* offered) {
-  if (std::vector<Finding> errors = errors_beside(table, entries, offered); !errors.empty()) {
+  if (std::vector<RegistryFinding> errors = errors_beside(table, entries, offered); !errors.empty()) {
     throw RegistryError(std::move(errors));
   }
   Handlers handlers;
@@ -57,16 +57,16 @@ Handlers declare(ToolTable& table, std::vector<RegistryEntry> entries, const Key
 
 }  // namespace
 
-std::vector<Finding> check_registry(std::span<const RegistryEntry> entries, const KeywordArguments* offered) {
-  std::vector<Finding> findings = registry_errors(entries, offered);
-  for (Finding& warning : registry_warnings(entries)) {
+std::vector<RegistryFinding> check_registry(std::span<const RegistryEntry> entries, const KeywordArguments* offered) {
+  std::vector<RegistryFinding> findings = registry_errors(entries, offered);
+  for (RegistryFinding& warning : registry_warnings(entries)) {
     findings.push_back(std::move(warning));
   }
   return findings;
 }
 
-RegistryError::RegistryError(std::vector<Finding> faults)
-    : ValueError(lines_for(faults)), faults_(std::make_shared<const std::vector<Finding>>(std::move(faults))) {}
+RegistryError::RegistryError(std::vector<RegistryFinding> faults)
+    : ValueError(lines_for(faults)), faults_(std::make_shared<const std::vector<RegistryFinding>>(std::move(faults))) {}
 
 Handlers declare_tools(ToolTable& table, std::vector<RegistryEntry> entries, const KeywordArguments& offered) {
   return declare(table, std::move(entries), &offered);

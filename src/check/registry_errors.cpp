@@ -4,25 +4,32 @@
 #include <map>
 #include <utility>
 
-#include "admission/near_names.hpp"
+#include "near_names/nearest.hpp"
 #include "check/findings.hpp"
 #include "check/handler_errors.hpp"
-#include "registry/prepared_tool.hpp"
+#include "types/type_words.hpp"
+#include "values/numbers.hpp"
 
 namespace tool_binding {
 
 namespace {
 
-using Found = Finding::Kind;
+using Found = RegistryFinding::Kind;
 
 /// Names by the place at which each is declared first.
 using Places = std::map<Text, std::string>;
 
-constexpr std::array<std::string_view, 5> type_words = {"integer", "number", "boolean", "string", "array"};
-
-bool is_bound(const Value& value) noexcept { return value.is_null() || value.is_integer() || value.is_floating(); }
+bool is_bound(const Value& value) noexcept { return value.is_null() || is_number(value); }
 
 std::string did_you_mean(std::string_view word) { return "; did you mean '" + std::string(word) + "'?"; }
+
+std::vector<Text> type_words() {
+  std::vector<Text> words;
+  for (const TypeRow& row : TYPE_WORDS) {
+    words.emplace_back(row.word);
+  }
+  return words;
+}
 
 /// Judges one thing after another and collects the faults.
 class Judging {
@@ -40,7 +47,7 @@ class Judging {
     }
   }
 
-  [[nodiscard]] std::vector<Finding> take() { return findings_.take(); }
+  [[nodiscard]] std::vector<RegistryFinding> take() { return findings_.take(); }
 
  private:
   void judge_actions(const ToolDeclaration& tool, const std::string& place);
@@ -78,16 +85,16 @@ class Judging {
   }
 
   void require_type(const Text& word, std::string place) {
-    if (detail::type_word(word) == detail::TypeWord::unknown) {
+    if (type_row(word) == nullptr) {
       const auto meant = type_word_of(word);
       findings_.add(Found::type_word, std::move(place),
                     {quoted(word),
-                     meant ? did_you_mean(*meant) : did_you_mean_one_of({type_words.begin(), type_words.end()}, word)});
+                     meant ? did_you_mean(*meant) : did_you_mean_one_of(type_words(), word)});
     }
   }
 
   const KeywordArguments* offered_;  ///< null where it is not known
-  Findings findings_;
+  RegistryFindings findings_;
 };
 
 void Judging::judge_actions(const ToolDeclaration& tool, const std::string& place) {
@@ -176,7 +183,7 @@ std::string did_you_mean_one_of(const std::vector<Text>& names, const Text& give
   return near == nullptr ? "" : did_you_mean(*near);
 }
 
-std::vector<Finding> registry_errors(std::span<const RegistryEntry> entries, const KeywordArguments* offered) {
+std::vector<RegistryFinding> registry_errors(std::span<const RegistryEntry> entries, const KeywordArguments* offered) {
   Judging judging(offered);
   judging.judge(entries);
   return judging.take();

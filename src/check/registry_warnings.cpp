@@ -7,15 +7,16 @@
 #include <utility>
 
 #include "check/findings.hpp"
-#include "registry/prepared_tool.hpp"
+#include "compile/compiled_tool.hpp"
 #include "text/code_points.hpp"
 #include "tool_binding/tool_binding.hpp"
+#include "values/numbers.hpp"
 
 namespace tool_binding {
 
 namespace {
 
-using Found = Finding::Kind;
+using Found = RegistryFinding::Kind;
 
 /// What clients that pass tools on to language models commonly take.
 constexpr std::size_t longest_name = 64;
@@ -24,12 +25,6 @@ constexpr std::size_t most_params = 100;
 constexpr std::size_t most_values = 500;
 constexpr std::size_t longest_description = 1024;
 
-constexpr std::array<std::string_view, 3> kept_names = {ACTION_PARAM, REPO_ROOT_ARGUMENT, "repo"};
-
-bool is_kept(const Text& name) noexcept {
-  return std::find(kept_names.begin(), kept_names.end(), name.view()) != kept_names.end();
-}
-
 bool is_usual_name(const Text& name) noexcept {
   return name.size() <= longest_name && std::all_of(name.view().begin(), name.view().end(), [](char byte) {
            return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z') || (byte >= '0' && byte <= '9') ||
@@ -37,17 +32,7 @@ bool is_usual_name(const Text& name) noexcept {
          });
 }
 
-bool is_number(const Value& value) noexcept { return value.is_integer() || value.is_floating(); }
-
 bool is_nan(const Value& value) { return value.is_floating() && std::isnan(value.floating()); }
-
-/// Order of two numbers by their exact values.
-std::partial_ordering compare_numbers(const Value& left, const Value& right) {
-  if (left.is_integer()) {
-    return right.is_integer() ? left.integer() <=> right.integer() : left.integer().compare(right.floating());
-  }
-  return right.is_integer() ? 0 <=> right.integer().compare(left.floating()) : left.floating() <=> right.floating();
-}
 
 /// What admission makes of one argument of one parameter.
 struct Admitted {
@@ -102,7 +87,7 @@ class Doubting {
     }
   }
 
-  [[nodiscard]] std::vector<Finding> take() { return findings_.take(); }
+  [[nodiscard]] std::vector<RegistryFinding> take() { return findings_.take(); }
 
  private:
   void judge_tool(const ToolDeclaration& tool, const std::string& place);
@@ -127,7 +112,7 @@ class Doubting {
     }
   }
 
-  Findings findings_;
+  RegistryFindings findings_;
 };
 
 /// How a tool looks to those who are told of it.
@@ -171,7 +156,7 @@ void Doubting::judge_param(const ToolDeclaration& tool, const ParamSpec& param, 
   judge_items(param, place);
   const bool has_bounds =
       (param.minimum.is_null() || is_number(param.minimum)) && (param.maximum.is_null() || is_number(param.maximum));
-  if (is_kept(param.name) || !has_bounds || detail::type_word(param.type) == detail::TypeWord::unknown) {
+  if (is_reserved_name(param.name) || !has_bounds || type_row(param.type) == nullptr) {
     return;  // admission would not judge it as it was meant
   }
   const ParameterAlone alone(tool, param);
@@ -183,13 +168,13 @@ void Doubting::judge_param(const ToolDeclaration& tool, const ParamSpec& param, 
 }
 
 void Doubting::judge_names(const ParamSpec& param, const std::string& place) {
-  if (is_kept(param.name)) {
+  if (is_reserved_name(param.name)) {
     findings_.add(Found::kept_name, member_place(place, "name"), {quoted(param.name)});
   } else {
     require_usual_name(param.name, place);
   }
   for (std::size_t index = 0; index < param.synonyms.size(); ++index) {
-    if (is_kept(param.synonyms[index])) {
+    if (is_reserved_name(param.synonyms[index])) {
       findings_.add(Found::kept_name, item_place(member_place(place, "synonyms"), index),
                     {quoted(param.synonyms[index])});
     }
@@ -214,7 +199,7 @@ void Doubting::judge_bounds(const ParamSpec& param, const std::string& place) {
 
 void Doubting::judge_items(const ParamSpec& param, const std::string& place) {
   const bool is_read = param.type == "array" && param.items_type == Text("string");
-  if (param.items_type && !is_read && detail::type_word(*param.items_type) != detail::TypeWord::unknown) {
+  if (param.items_type && !is_read && type_row(*param.items_type) != nullptr) {
     findings_.add(Found::idle_items_type, member_place(place, "items_type"), {quoted(*param.items_type)});
   }
 }
@@ -266,7 +251,7 @@ void Doubting::judge_handler(const RegistryEntry& entry, const std::string& plac
     });
   };
   const ToolSpec tool(entry.tool);
-  for (const auto& [name, value] : tool.prepared().bound_defaults) {
+  for (const auto& [name, value] : detail::compiled(tool).bound_defaults) {
     if (!takes(name)) {
       findings_.add(Found::keyword_without_taker, place, {quoted(name)});
     }
@@ -275,7 +260,7 @@ void Doubting::judge_handler(const RegistryEntry& entry, const std::string& plac
 
 }  // namespace
 
-std::vector<Finding> registry_warnings(std::span<const RegistryEntry> entries) {
+std::vector<RegistryFinding> registry_warnings(std::span<const RegistryEntry> entries) {
   Doubting doubting;
   doubting.judge(entries);
   return doubting.take();

@@ -12,14 +12,13 @@ constexpr std::size_t smallest_table = 8;
 
 }  // namespace
 
-bool NameIndex::add(const Text& name, std::uint32_t number) {
+void NameIndex::add(const Text& name, std::uint32_t number) {
   if (find(name) != absent) {
-    return false;
+    return;
   }
   reserve(1);
   place({name, number});
   ++used_;
-  return true;
 }
 
 std::uint32_t NameIndex::find(std::string_view name) const noexcept {

@@ -51,7 +51,7 @@ TEST(DeclareTools, RefusesAllOrNothingWithEveryError) {
               "'number'?\n"
               "tools[1].params[0].minimum: must be a number, not '1'\n"
               "tools[1].name: 'third' is declared already at an earlier call");
-    EXPECT_EQ(error.faults()[0].kind, Finding::Kind::type_word);
+    EXPECT_EQ(error.faults()[0].kind, RegistryFinding::Kind::type_word);
   }
   EXPECT_EQ(TOOLS.find("fourth"), nullptr);
 }
@@ -79,7 +79,7 @@ TEST(DeclareTools, FillsATableOfOnesOwn) {
 
 TEST(CheckRegistry, TellsErrorsFromWarnings) {
   const std::vector<RegistryEntry> entries = {{.tool = {.name = "", .params = {{.name = "repo", .type = "array"}}}}};
-  const std::vector<Finding> findings = check_registry(entries);
+  const std::vector<RegistryFinding> findings = check_registry(entries);
   ASSERT_EQ(findings.size(), 3U);
   EXPECT_TRUE(is_error(findings[0].kind));
   EXPECT_FALSE(is_error(findings[1].kind));

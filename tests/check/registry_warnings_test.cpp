@@ -11,9 +11,9 @@ namespace {
 
 const Signature any_keyword = {{{.name = "keywords", .kind = Parameter::Kind::VAR_KEYWORD}}};
 
-std::string lines_for(const std::vector<Finding>& findings) {
+std::string lines_for(const std::vector<RegistryFinding>& findings) {
   std::string lines;
-  for (const Finding& finding : findings) {
+  for (const RegistryFinding& finding : findings) {
     lines += finding.place + ": " + finding.words + "\n";
   }
   return lines;

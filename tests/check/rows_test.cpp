@@ -16,7 +16,7 @@ TEST(RegistryWarnings, DoubtWhatTheRowsSayOfAParameter) {
                                   row.given + "]}]}");
     ASSERT_EQ(file.entries().size(), 1U) << row.place;
     std::string lines;
-    for (const Finding& finding : registry_warnings(file.entries())) {
+    for (const RegistryFinding& finding : registry_warnings(file.entries())) {
       EXPECT_TRUE(finding.place.starts_with(around)) << finding.place;
       lines += (lines.empty() ? "" : "\n") + finding.place.substr(around.size()) + ": " + finding.words;
     }

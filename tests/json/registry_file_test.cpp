@@ -74,7 +74,8 @@ TEST(RegistryFile, HandsOutItsFaults) {
   const RegistryFile file(
       "{\n\"tools\": [{\"name\": \"\",\n\"params\": [{\n\"name\": \"p\",\n\"type\": \"array\"}]}]}");
   const std::vector<Fault> faults(file.faults().begin(), file.faults().end());
-  EXPECT_EQ(faults, (std::vector<Fault>{{Finding::Kind::empty_name, "tools[0].name", "a name must not be empty", 2}}));
+  EXPECT_EQ(faults,
+            (std::vector<Fault>{{RegistryFinding::Kind::empty_name, "tools[0].name", "a name must not be empty", 2}}));
   EXPECT_EQ(file.entries()[0].tool.params[0].name, "p");
   EXPECT_EQ(file.line_of("tools[0].params[0].type"), 5U);
   EXPECT_EQ(file.line_of("tools[0].params[0].maximum"), 3U);

@@ -73,7 +73,7 @@ if grep -rL 'GCC visibility push(default)' "$source_tree"/include "$source_tree"
   say "these headers show nothing"
   exit 1
 fi
-if nm -DC --defined-only "$scratch/shared/lib/libtool_binding.so" | grep -E ' [TDB] ' | grep -E '::_[a-z]|near_|PreparedTool::[a-z]'; then
+if nm -DC --defined-only "$scratch/shared/lib/libtool_binding.so" | grep -E ' [TDB] ' | grep -E '::_[a-z]|near_|CompiledTool::[a-z]'; then
   say "these are private"
   exit 1
 fi

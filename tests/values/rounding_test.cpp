@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "support/rounding_modes.hpp"
-#include "text/numerals.hpp"
 #include "tool_binding/value.hpp"
+#include "types/numerals.hpp"
 
 namespace tool_binding {
 namespace {
@@ -36,7 +36,7 @@ TEST(Rounding, OfTextsIsToNearestInEveryMode) {
   };
   in_every_rounding_mode([&] {
     for (const Row& row : rows) {
-      const std::optional<double> read = text::read_floating(row.given);
+      const std::optional<double> read = types::read_floating(row.given);
       ASSERT_TRUE(read) << row.given;
       EXPECT_EQ(std::bit_cast<std::uint64_t>(*read), std::bit_cast<std::uint64_t>(row.expected)) << row.given;
     }

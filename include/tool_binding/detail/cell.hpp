@@ -93,12 +93,6 @@ struct NodeAccess;
 /// Destroys a node whose count has come to zero, and every node that only it kept, without recursion.
 void destroy_node(Node* node, Tag tag) noexcept;
 
-/// What a cell held, with nobody to give it back: whoever takes it makes a cell of it, once.
-struct LooseCell {
-  std::uint64_t low = 0;
-  std::uint64_t high = std::uint64_t{static_cast<std::uint8_t>(Tag::null)} << 56U;
-};
-
 /// The bytes of a text of at most 15 as the two halves of a cell, without a loop over them.
 struct ShortText {
   std::uint64_t low = 0;
@@ -160,15 +154,6 @@ class Cell {
   Cell(Cell& other, Tag left_behind) noexcept : low_(other.low_), high_(other.high_) {
     other.low_ = 0;
     other.high_ = shifted(left_behind);
-  }
-
-  explicit Cell(LooseCell loose) noexcept : low_(loose.low), high_(loose.high) {}
-
-  /// Gives the content away and becomes null.
-  [[nodiscard]] LooseCell loosen() noexcept {
-    const LooseCell loose{low_, high_};
-    high_ = shifted(Tag::null);
-    return loose;
   }
 
   Cell& operator=(const Cell&) = delete;

@@ -11,6 +11,9 @@
 /// Readers of values that were sent as text.
 namespace tool_binding {
 
+/// Whether nothing is left of `text` once white space is stripped: what leaves most parameters out.
+[[nodiscard]] bool is_blank(std::string_view text) noexcept;
+
 /// Whether `text` says true or false, white space stripped and case ignored: true, yes, on, 1, t, y; false, no, off, 0,
 /// f, n. Throws ValueError for any other text.
 [[nodiscard]] bool parse_bool(std::string_view text);

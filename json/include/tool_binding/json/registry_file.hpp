@@ -20,7 +20,7 @@ namespace tool_binding::json {
 /// What a file is refused with: its faults, in the order of their lines.
 using tool_binding::RegistryError;
 /// A finding that makes the file unusable: a fault of shape, or an error of the registry's check.
-using Fault = Finding;
+using Fault = RegistryFinding;
 
 /// What a registry file declares, usable or not, for those who judge it further.
 class RegistryFile {
@@ -35,7 +35,7 @@ class RegistryFile {
   [[nodiscard]] std::span<const Fault> faults() const noexcept;
 
   /// The faults and the warnings, in the order of the lines. Where a shape is wrong nothing is doubted as well.
-  [[nodiscard]] std::vector<Finding> check() const;
+  [[nodiscard]] std::vector<RegistryFinding> check() const;
 
   /// The line of a place, counted from 1; that of the innermost object or list around it where the place itself is not
   /// in the file.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "text/numerals.hpp"
+#include "types/numerals.hpp"
 
 #include <algorithm>
 #include <charconv>
@@ -15,7 +15,7 @@
 #include "text/white_space.hpp"
 #include "tool_binding/detail/rounding.hpp"
 
-namespace tool_binding::text {
+namespace tool_binding::types {
 namespace {
 
 constexpr std::size_t digits_of_any_int64 = std::numeric_limits<std::int64_t>::digits10;
@@ -62,8 +62,8 @@ bool take_digit(std::string_view& rest, std::string& digits) {
   if (rest.empty()) {
     return false;
   }
-  const CodePoint next = next_code_point(rest);
-  const int value = decimal_digit(next.value);
+  const text::CodePoint next = text::next_code_point(rest);
+  const int value = text::decimal_digit(next.value);
   if (value < 0) {
     return false;
   }
@@ -189,7 +189,7 @@ double nearest_double(const Decimal& decimal) {
 }  // namespace
 
 std::optional<Integer> read_integer(std::string_view text) {
-  std::string_view rest = strip(text);
+  std::string_view rest = text::strip(text);
   const bool negative = take_sign(rest);
   if (std::optional<Integer> value = read_short_integer(rest, negative)) {
     return value;
@@ -202,7 +202,7 @@ std::optional<Integer> read_integer(std::string_view text) {
 }
 
 std::optional<double> read_floating(std::string_view text) {
-  std::string_view rest = strip(text);
+  std::string_view rest = text::strip(text);
   const bool negative = take_sign(rest);
   std::optional<double> value = read_plain_numeral(rest);
   if (!value) {
@@ -215,4 +215,4 @@ std::optional<double> read_floating(std::string_view text) {
   return value && negative ? -*value : value;
 }
 
-}  // namespace tool_binding::text
+}  // namespace tool_binding::types

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "admission/near_names.hpp"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,6 +8,7 @@
 #include <tuple>
 #include <vector>
 
+#include "near_names/nearest.hpp"
 #include "support/close_matches.hpp"
 #include "text/code_points.hpp"
 

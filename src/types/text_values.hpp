@@ -9,7 +9,7 @@
 
 /// The readers under `parse_bool` and `split_csv`. They answer with nothing where those throw, since a refused argument
 /// is an everyday answer of admission and no exception there.
-namespace tool_binding::text {
+namespace tool_binding::types {
 
 /// What `parse_bool` returns, nothing for a text that is no truth word.
 [[nodiscard]] std::optional<bool> read_bool(std::string_view text);
@@ -17,4 +17,4 @@ namespace tool_binding::text {
 /// What `split_csv` returns, nothing for a text that it refuses.
 [[nodiscard]] std::optional<std::vector<Value>> read_csv(std::string_view text);
 
-}  // namespace tool_binding::text
+}  // namespace tool_binding::types

@@ -8,7 +8,7 @@
 
 /// Readers of numbers that were sent as text. White space at both ends is ignored, a digit may be of any script, and a
 /// single "_" may stand between two digits. Both are linear in the size of the text, and none depends on a locale.
-namespace tool_binding::text {
+namespace tool_binding::types {
 
 /// The integer that `text` writes, of any width: an optional sign and decimal digits. Nothing for any other text.
 [[nodiscard]] std::optional<Integer> read_integer(std::string_view text);
@@ -18,4 +18,4 @@ namespace tool_binding::text {
 /// an optional sign. Nothing for any other text.
 [[nodiscard]] std::optional<double> read_floating(std::string_view text);
 
-}  // namespace tool_binding::text
+}  // namespace tool_binding::types

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "text/numerals.hpp"
+#include "types/numerals.hpp"
 
 #include "support/one_line.hpp"
 #include "support/rows.hpp"
@@ -8,12 +8,12 @@ namespace tool_binding::text {
 namespace {
 
 std::string integer(std::string_view given) {
-  const auto read = read_integer(given);
+  const auto read = types::read_integer(given);
   return read ? one_line(Value(*read)) : "none";
 }
 
 std::string floating(std::string_view given) {
-  const auto read = read_floating(given);
+  const auto read = types::read_floating(given);
   return read ? one_line(Value(*read)) : "none";
 }
 

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "registry/near_candidates.hpp"
+#include "near_names/candidates.hpp"
 
 /// The one near-name search of the layer.
 namespace tool_binding {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "text/text_values.hpp"
+#include "types/text_values.hpp"
 
 #include <algorithm>
 #include <charconv>
@@ -15,7 +15,7 @@
 #include "tool_binding/errors.hpp"
 #include "tool_binding/utils/text_values.hpp"
 
-namespace tool_binding::text {
+namespace tool_binding::types {
 namespace {
 
 struct TruthWord {
@@ -68,7 +68,7 @@ bool take_unicode_escape(std::string_view& rest, std::string& item) {
     return false;
   }
   if (!is_high_surrogate(*unit)) {
-    append_code_point(item, *unit);
+    text::append_code_point(item, *unit);
     return true;
   }
   if (!rest.starts_with("\\u")) {
@@ -79,7 +79,7 @@ bool take_unicode_escape(std::string_view& rest, std::string& item) {
   if (!low || !is_low_surrogate(*low)) {
     return false;
   }
-  append_code_point(item, 0x10000 + ((*unit - 0xD800) << 10U) + (*low - 0xDC00));
+  text::append_code_point(item, 0x10000 + ((*unit - 0xD800) << 10U) + (*low - 0xDC00));
   return true;
 }
 
@@ -132,18 +132,18 @@ std::optional<std::string> take_quoted(std::string_view& rest, const Notation& n
 
 /// Takes the item at the start of `rest`, without the comma after it, and appends it to `items` unless it is empty.
 bool take_item(std::string_view& rest, const Notation& notation, std::vector<Value>& items) {
-  rest = strip_start(rest);
+  rest = text::strip_start(rest);
   if (!rest.empty() && notation.quotes.find(rest.front()) != std::string_view::npos) {
     const std::optional<std::string> item = take_quoted(rest, notation);
     if (!item) {
       return false;
     }
     items.emplace_back(*item);
-    rest = strip_start(rest);
+    rest = text::strip_start(rest);
     return rest.empty() || rest.front() == ',';
   }
   const std::size_t end = std::min(rest.find(','), rest.size());
-  const std::string_view item = strip(rest.substr(0, end));
+  const std::string_view item = text::strip(rest.substr(0, end));
   if (!item.empty()) {
     if (notation.refused_beginnings.find(item.front()) != std::string_view::npos) {
       return false;
@@ -156,7 +156,7 @@ bool take_item(std::string_view& rest, const Notation& notation, std::vector<Val
 
 std::optional<std::vector<Value>> read_items(std::string_view rest, const Notation& notation) {
   std::vector<Value> items;
-  if (is_blank(rest)) {
+  if (text::is_blank(rest)) {
     return items;
   }
   items.reserve(static_cast<std::size_t>(std::count(rest.begin(), rest.end(), ',')) + 1);
@@ -174,34 +174,36 @@ std::optional<std::vector<Value>> read_items(std::string_view rest, const Notati
 }  // namespace
 
 std::optional<bool> read_bool(std::string_view text) {
-  const Text word = lower_case(strip(text));
+  const Text word = text::lower_case(text::strip(text));
   const auto* const row = std::find_if(std::begin(truth_words), std::end(truth_words),
                                        [&](const TruthWord& truth) { return word == truth.spelling; });
   return row == std::end(truth_words) ? std::nullopt : std::optional(row->value);
 }
 
 std::optional<std::vector<Value>> read_csv(std::string_view text) {
-  const std::string_view list = strip(text);
+  const std::string_view list = text::strip(text);
   const bool bracketed = list.starts_with('[') && list.ends_with(']');
   return bracketed ? read_items(list.substr(1, list.size() - 2), by_programs) : read_items(list, by_people);
 }
 
-}  // namespace tool_binding::text
+}  // namespace tool_binding::types
 
 namespace tool_binding {
 
+bool is_blank(std::string_view text) noexcept { return text::is_blank(text); }
+
 bool parse_bool(std::string_view text) {
-  const std::optional<bool> value = text::read_bool(text);
+  const std::optional<bool> value = types::read_bool(text);
   if (!value) {
-    throw ValueError("no truth word");
+    throw ValueError("the text is not a truth word: send true or false");
   }
   return *value;
 }
 
 std::vector<Value> split_csv(std::string_view text) {
-  std::optional<std::vector<Value>> items = text::read_csv(text);
+  std::optional<std::vector<Value>> items = types::read_csv(text);
   if (!items) {
-    throw ValueError("no list: a quoted or a nested item is not closed or not understood");
+    throw ValueError("the text is not a list: a quoted or nested item is not closed or cannot be read");
   }
   return std::move(*items);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "registry/as_it_is.hpp"
+#include "compile/fast_path.hpp"
 
 #include <algorithm>
 
@@ -50,7 +50,7 @@ std::vector<Text> names_of(const std::vector<Text>& values, const std::vector<Te
 
 }  // namespace
 
-AsItIs::AsItIs(const ParamSpec& param, Kind kind, bool items_are_texts, const std::vector<Text>& lowered_enum)
+FastPath::FastPath(const ParamSpec& param, Kind kind, bool items_are_texts, const std::vector<Text>& lowered_enum)
     : kind_(kind),
       takes_any_(param.enum_.empty() && !items_are_texts),
       has_names_(!param.enum_.empty()),
@@ -58,7 +58,7 @@ AsItIs::AsItIs(const ParamSpec& param, Kind kind, bool items_are_texts, const st
       floating_(range_of<double>(param)),
       names_(names_of(param.enum_, lowered_enum)) {}
 
-bool AsItIs::takes_items(const Value& list) const {
+bool FastPath::takes_items(const Value& list) const {
   for (const Value& item : list.list()) {
     if (has_names_ ? !is_named(item) : !item.is_text()) {
       return false;

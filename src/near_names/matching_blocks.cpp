@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "admission/matching_blocks.hpp"
+#include "near_names/matching_blocks.hpp"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "admission/near_names.hpp"
+#include "near_names/nearest.hpp"
 
 #include <algorithm>
 #include <array>
@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <memory_resource>
 
-#include "admission/matching_blocks.hpp"
+#include "near_names/matching_blocks.hpp"
 #include "text/code_points.hpp"
 
 namespace tool_binding {

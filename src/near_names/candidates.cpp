@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "registry/near_candidates.hpp"
+#include "near_names/candidates.hpp"
 
 #include <algorithm>
 

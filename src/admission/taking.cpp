@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+
+#include "admission/normalizing.hpp"
+#include "near_names/nearest.hpp"
+#include "registry/routing_params.hpp"
+#include "text/white_space.hpp"
+
+namespace tool_binding {
+
+namespace {
+
+using Found = Finding::Kind;
+
+bool is_blank_text(const Value& value) { return value.is_text() && text::is_blank(value.text()); }
+
+/// Whether `value` is blank text that leaves the parameter out.
+bool is_left_out(const detail::CompiledParam& param, const Value& value) {
+  return is_blank_text(value) && !param.spec->blank_is_value;
+}
+
+/// The nearest declared name, empty when none is near.
+Text proposal_for(std::string_view name, const detail::NearCandidates& candidates) {
+  const Text* const near = _nearest(name, candidates);
+  return near == nullptr ? Text() : *near;
+}
+
+}  // namespace
+
+Admission admit(const ToolSpec& tool, const ArgumentMap& arguments) {
+  Admission admission;
+  Normalizing state(detail::compiled(tool), arguments.size(), admission);
+  for (const auto& [name, value] : arguments) {
+    state.take(name, value);
+  }
+  state.settle();
+  return admission;
+}
+
+inline Normalizing::Normalizing(const detail::CompiledTool& tool, std::size_t argument_count, Admission& admission)
+    : spec(tool),
+      arguments(admission.arguments_),
+      findings(admission.findings_),
+      alias_hit(admission.alias_hit_),
+      has_problems(admission.has_problems_),
+      slots(tool.bound_defaults.size()) {
+  arguments.reserve(std::min(argument_count + 1, tool.bound_defaults.size()));
+}
+
+inline void Normalizing::take(const Text& name, const Value& value) {
+  if (value.is_null()) {
+    return;
+  }
+  const std::uint32_t slot = spec.slots.find(name);
+  if (slot == detail::NameIndex::absent || spec.named_params[slot] == nullptr) {
+    _take_reserved_or_other(name, value);
+    return;
+  }
+  const Param& param = *spec.named_params[slot];
+  if (is_left_out(param, value)) {
+    return;
+  }
+  slots[slot].named = true;
+  if (param.fast_path.takes(value)) {
+    _store(slot, value);
+  } else {
+    _take_value(name, param, value);
+  }
+}
+
+/// Takes an argument whose name is not the declared one of a parameter.
+void Normalizing::_take_reserved_or_other(const Text& name, const Value& value) {
+  if (name == ACTION_PARAM) {
+    _take_action(value);
+  } else if (!is_routing_param(name)) {
+    const Param* const param = spec.param(name);
+    param == nullptr ? _unknown_parameter(name, value) : _take_synonym(name, *param, value);
+  }
+}
+
+/// A synonym's value is taken only while its parameter has none.
+void Normalizing::_take_synonym(const Text& name, const Param& param, const Value& value) {
+  if (is_left_out(param, value)) {
+    return;
+  }
+  alias_hit = true;
+  const bool given_too = slots[param.slot].named || slots[param.slot].stored();
+  add_finding(findings, {.kind = given_too ? Found::synonym_left_out : Found::synonym_read,
+                         .argument = name,
+                         .parameter = param.spec,
+                         .sent = value,
+                         .tool = &spec});
+  if (!given_too) {
+    _take_value(name, param, value);
+  }
+}
+
+void Normalizing::_take_value(const Text& name, const Param& param, const Value& value) {
+  if (const Value taken = _coerced({spec, param, name, value}, findings); !taken.is_null()) {
+    _store(param.slot, taken);
+  }
+}
+
+void Normalizing::_take_action(const Value& value) {
+  if (is_blank_text(value)) {
+    return;
+  }
+  const ActionSpec* const action = spec.action(value);
+  if (action != nullptr && action->name == value.text()) {
+    _store(spec.action_slot, value);
+    return;
+  }
+  Finding finding{.kind = Found::unexpected_action, .argument = ACTION_PARAM, .sent = value, .tool = &spec};
+  if (action != nullptr) {
+    alias_hit = true;
+    finding.kind = Found::action_synonym_read;
+    finding.used = action->name;
+    _store(spec.action_slot, action->name);
+  } else {
+    _action_refused = true;
+    if (!spec.declared.actions.empty()) {
+      finding.kind = Found::unknown_action;
+      finding.proposal = proposal_for(plain_form(value), spec.near_actions);
+    }
+  }
+  add_finding(findings, std::move(finding));
+}
+
+/// A name that comes near a synonym is pointed to the declared name.
+void Normalizing::_unknown_parameter(const Text& name, const Value& value) {
+  Text near = proposal_for(name, spec.near_params);
+  if (const Param* const param = near.empty() ? nullptr : spec.param(near)) {
+    near = param->spec->name;
+  }
+  add_finding(
+      findings,
+      {.kind = Found::unknown_parameter, .argument = name, .sent = value, .proposal = std::move(near), .tool = &spec});
+}
+
+}  // namespace tool_binding

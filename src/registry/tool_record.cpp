@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "registry/tool_record.hpp"
+
+#include <utility>
+
+#include "text/lower_case.hpp"
+#include "text/white_space.hpp"
+#include "values/forms.hpp"
+#include "values/joined.hpp"
+
+namespace tool_binding::detail {
+
+namespace {
+
+template <class Record>
+std::vector<Text> names_of(const std::vector<Record>& records) {
+  std::vector<Text> names;
+  names.reserve(records.size());
+  for (const Record& record : records) {
+    names.push_back(record.name);
+  }
+  return names;
+}
+
+/// Declared names come before all synonyms, so that a synonym never hides one.
+NameIndex index_params(const std::vector<ParamSpec>& params) {
+  NameIndex index;
+  for (std::uint32_t place = 0; place < params.size(); ++place) {
+    index.add(params[place].name, place);
+  }
+  for (std::uint32_t place = 0; place < params.size(); ++place) {
+    for (const Text& synonym : params[place].synonyms) {
+      index.add(synonym, place);
+    }
+  }
+  return index;
+}
+
+NameIndex index_actions(const std::vector<ActionSpec>& actions) {
+  NameIndex index;
+  for (std::uint32_t place = 0; place < actions.size(); ++place) {
+    index.add(actions[place].name, place);
+  }
+  return index;
+}
+
+NameIndex index_lowered_actions(const std::vector<ActionSpec>& actions) {
+  NameIndex index;
+  for (std::uint32_t place = 0; place < actions.size(); ++place) {
+    index.add(text::lower_case(actions[place].name), place);
+    for (const Text& synonym : actions[place].synonyms) {
+      index.add(text::lower_case(synonym), place);
+    }
+  }
+  return index;
+}
+
+}  // namespace
+
+ToolRecord::ToolRecord(ToolDeclaration declaration)
+    : declared(std::move(declaration)),
+      param_names(names_of(declared.params)),
+      action_names(names_of(declared.actions)),
+      params(index_params(declared.params)),
+      actions(index_actions(declared.actions)),
+      lowered_actions(index_lowered_actions(declared.actions)) {}
+
+const ActionSpec* ToolRecord::action(const Value& value) const {
+  if (!value.is_text() || declared.actions.empty()) {
+    return nullptr;
+  }
+  std::uint32_t found = actions.find(value.text());
+  if (found == NameIndex::absent) {
+    found = lowered_actions.find(text::lower_case(text::strip(value.text())));
+  }
+  return found == NameIndex::absent ? nullptr : &declared.actions[found];
+}
+
+void append_unknown_action(std::string& out, const ToolRecord& tool, const Value& action) {
+  append_plain_form(out.append("Unknown action '"), action);
+  append_joined(out.append("' for ").append(tool.declared.name).append(": one of "), tool.action_names, ", ");
+}
+
+}  // namespace tool_binding::detail

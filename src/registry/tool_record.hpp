@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "registry/name_index.hpp"
+#include "tool_binding/tool_registry.hpp"
+
+namespace tool_binding::detail {
+
+/// A tool's declaration with the indexes of its names: all that a `ToolSpec` answers from.
+struct ToolRecord {
+  explicit ToolRecord(ToolDeclaration declaration);
+  ToolRecord(const ToolRecord&) = delete;
+  ToolRecord& operator=(const ToolRecord&) = delete;
+
+  /// The action that `value` names, null when there is none; as `ToolSpec::action` has it.
+  [[nodiscard]] const ActionSpec* action(const Value& value) const;
+
+  ToolDeclaration declared;
+  std::vector<Text> param_names;   ///< in declared order
+  std::vector<Text> action_names;  ///< in declared order
+  NameIndex params;                ///< declared names and synonyms to places among the parameters
+  NameIndex actions;               ///< declared names to places among the actions
+  NameIndex lowered_actions;       ///< names and synonyms in lower case to places among the actions
+};
+
+/// Appends the refusal of an action that the tool does not declare.
+void append_unknown_action(std::string& out, const ToolRecord& tool, const Value& action);
+
+}  // namespace tool_binding::detail

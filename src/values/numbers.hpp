@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <compare>
+
+#include "tool_binding/value.hpp"
+
+namespace tool_binding {
+
+[[nodiscard]] inline bool is_number(const Value& value) noexcept { return value.is_integer() || value.is_floating(); }
+
+/// Order by exact numeric value, neither side being rounded; unordered for a NaN. Precondition: both are numbers.
+[[nodiscard]] inline std::partial_ordering compare_numbers(const Value& left, const Value& right) {
+  if (left.is_integer()) {
+    return right.is_integer() ? left.integer() <=> right.integer() : left.integer().compare(right.floating());
+  }
+  return right.is_integer() ? 0 <=> right.integer().compare(left.floating()) : left.floating() <=> right.floating();
+}
+
+}  // namespace tool_binding
