@@ -10,6 +10,7 @@
 #include "command.hpp"
 #include "loading.hpp"
 #include "options.hpp"
+#include "tool_binding/json/findings.hpp"
 #include "tool_binding/json/reader.hpp"
 #include "tool_binding/tool_binding.hpp"
 
@@ -17,11 +18,18 @@ namespace tool_binding::cli {
 
 namespace {
 
+struct Request {
+  Files files;
+  bool with_findings = false;
+};
+
 /// Answers requests, each with the keywords that its handler would be called with.
-class Admission {
+class Answering {
  public:
-  explicit Admission(const Files& files)
-      : handlers_(load_registry(files.registry)), context_(load_context(files.context)) {}
+  explicit Answering(const Request& request)
+      : handlers_(load_registry(request.files.registry)),
+        context_(load_context(request.files.context)),
+        with_findings_(request.with_findings) {}
 
   Outcome answer(const Line& line, json::Writer& out) {
     Envelope envelope;
@@ -31,53 +39,76 @@ class Admission {
       envelope = envelope_of(request);
       const Call call = read_call(request, envelope.shape);
       tool = call.tool;
-      append_result(out, envelope, call);
-      return Outcome::answered;
+      return append_answer(out, envelope, call);
     } catch (const Error& error) {
       const Refusal refusal = refusal_of(error, line.number);
       if (refusal.code == Refusal::Code::parse_error) {
         envelope = envelope_of_ill_formed(line.text);
       }
-      append_refusal(out, envelope, tool, refusal);
+      append_failure(out, envelope, tool, refusal);
     } catch (const std::overflow_error& error) {
-      append_refusal(out, envelope, tool, refusal_of(error));
+      append_failure(out, envelope, tool, refusal_of(error));
     }
     return Outcome::refused;
   }
 
  private:
-  /// The walk of one call. What may refuse it stands before the first byte of the answer; what is written is moved on.
-  void append_result(json::Writer& out, const Envelope& envelope, const Call& call) {
+  /// The walk of one call. What fails, fails before the first byte of the answer; what is written is moved on.
+  Outcome append_answer(json::Writer& out, const Envelope& envelope, const Call& call) {
     const ToolSpec& tool = TOOLS[call.tool];
-    NormalizedArguments admitted = normalize_arguments(tool, call.arguments.mapping());
-
+    Admission admission = tool_binding::admit(tool, call.arguments.mapping());
     ObjectWriter answer = begin_answer(out, envelope, "result");
     answer.add("tool", call.tool);
-    answer.add("arguments", admitted.arguments());
-    answer.add("notes", admitted.notes());
-    answer.add("alias_hit", admitted.alias_hit());
-    answer.add_bound(bind_arguments(tool, std::move(admitted).arguments()), *handlers_.find(call.tool), context_);
+    if (!admission.is_admitted()) {
+      answer.add("error", "ArgumentError");
+      answer.add("message", admission.refusal());
+      append_findings(answer, admission);
+      end_answer(out, envelope);
+      return Outcome::refused;
+    }
+    answer.add("arguments", admission.arguments());
+    answer.add("notes", admission.notes());
+    answer.add("alias_hit", admission.alias_hit());
+    answer.add_bound(bind_arguments(tool, std::move(admission).arguments()), *handlers_.find(call.tool), context_);
+    append_findings(answer, admission);
     end_answer(out, envelope);
+    return Outcome::answered;
+  }
+
+  /// The answer to a line that no tool's admission came to answer: nothing was found of its arguments.
+  void append_failure(json::Writer& out, const Envelope& envelope, const std::optional<Text>& tool,
+                      Refusal refusal) const {
+    refusal.with_findings = with_findings_;
+    append_refusal(out, envelope, tool, refusal);
+  }
+
+  void append_findings(ObjectWriter& answer, const Admission& admission) const {
+    if (with_findings_) {
+      answer.add("findings", json::findings_value(admission.findings()));
+    }
   }
 
   Handlers handlers_;
   KeywordArguments context_;
+  bool with_findings_;
   json::Reader reader_;
 };
 
-ExitStatus admit(const Files& files) {
-  Admission admission(files);
-  return answer_lines(files.lines, [&](const Line& line, json::Writer& out) { return admission.answer(line, out); });
+ExitStatus answer_requests(const Request& request) {
+  Answering answering(request);
+  return answer_lines(request.files.lines,
+                      [&](const Line& line, json::Writer& out) { return answering.answer(line, out); });
 }
 
 }  // namespace
 
 Run declare_admit(CLI::App& command) {
-  const auto files = std::make_shared<Files>();
-  add_registry_option(command, *files);
-  add_context_option(command, *files);
-  add_lines_argument(command, *files, "REQUESTS");
-  return [files] { return admit(*files); };
+  const auto request = std::make_shared<Request>();
+  add_registry_option(command, request->files);
+  add_context_option(command, request->files);
+  command.add_flag("--findings", request->with_findings, "Add each note and problem as data for programs");
+  add_lines_argument(command, request->files, "REQUESTS");
+  return [request] { return answer_requests(*request); };
 }
 
 }  // namespace tool_binding::cli

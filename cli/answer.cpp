@@ -47,6 +47,9 @@ void append_refusal(json::Writer& out, const Envelope& envelope, const std::opti
   }
   answer.add("error", refusal.error);
   answer.add("message", refusal.message);
+  if (refusal.with_findings) {
+    answer.add("findings", Value(std::vector<Value>()));
+  }
   end_answer(out, envelope);
 }
 

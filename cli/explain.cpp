@@ -17,7 +17,7 @@ namespace tool_binding::cli {
 
 namespace {
 
-struct Request {
+struct Typed {
   Files files;
   std::string tool;
   std::vector<std::string> arguments;  ///< each is "-" or NAME=VALUE
@@ -46,7 +46,7 @@ Value read_arguments() {
   return arguments;
 }
 
-ArgumentMap arguments_of(const Request& request) {
+ArgumentMap arguments_of(const Typed& request) {
   ArgumentMap arguments;
   for (const std::string& argument : request.arguments) {
     if (argument == standard_input) {
@@ -64,23 +64,21 @@ ArgumentMap arguments_of(const Request& request) {
 
 /// The account of a request, and whether it is admitted.
 std::string explanation_of(const ToolSpec& tool, const ArgumentMap& arguments, const Handler& handler,
-                           ExitStatus& status) {
+                           const KeywordArguments& context, ExitStatus& status) {
   const Colours colours = output_colours();
-  const Sent sent{tool, arguments};
-  std::string refusal;
   try {
-    return explain_admission(sent, normalize_arguments(tool, arguments), handler, colours);
-  } catch (const ArgumentError& error) {
-    refusal = error.message();
+    const Admission admission = admit(tool, arguments);
+    status = admission.is_admitted() ? ExitStatus::answered : ExitStatus::refused;
+    return explanation_of({tool, arguments, admission}, handler, context, colours);
   } catch (const std::overflow_error& error) {
-    refusal = error.what();
+    status = ExitStatus::refused;
+    return explanation_of_failure(tool, arguments, error.what(), colours);
   }
-  status = ExitStatus::refused;
-  return explain_refusal(sent, refusal, colours);
 }
 
-ExitStatus explain(const Request& request) {
+ExitStatus explain(const Typed& request) {
   const Handlers handlers = load_registry(request.files.registry);
+  const KeywordArguments context = load_context(request.files.context);
   const ToolSpec* const tool = TOOLS.find(request.tool);
   if (tool == nullptr) {
     std::string words = "no tool is named '" + request.tool + "': it declares";
@@ -90,13 +88,15 @@ ExitStatus explain(const Request& request) {
     throw UnusableFile(request.files.registry, words);
   }
   ExitStatus status = ExitStatus::answered;
-  print(explanation_of(*tool, arguments_of(request), *handlers.find(tool->name()), status));
+  print(explanation_of(*tool, arguments_of(request), *handlers.find(tool->name()), context, status));
   return status;
 }
 
-void check_arguments(const Request& request) {
-  const auto reads_input = std::count(request.arguments.begin(), request.arguments.end(), standard_input);
-  if (reads_input + (request.files.registry == standard_input ? 1 : 0) > 1) {
+void check_arguments(const Typed& request) {
+  const auto arguments = std::count(request.arguments.begin(), request.arguments.end(), standard_input);
+  const auto files =
+      (request.files.registry == standard_input ? 1 : 0) + (request.files.context == standard_input ? 1 : 0);
+  if (arguments + files > 1) {
     throw CLI::ValidationError("standard input is one file only: name the others by their paths");
   }
   for (const std::string& argument : request.arguments) {
@@ -109,8 +109,9 @@ void check_arguments(const Request& request) {
 }  // namespace
 
 Run declare_explain(CLI::App& command) {
-  const auto request = std::make_shared<Request>();
+  const auto request = std::make_shared<Typed>();
   add_registry_option(command, request->files);
+  add_context_option(command, request->files);
   command.add_option("TOOL", request->tool, "The tool that the request names")->required();
   command.add_option("ARGUMENTS", request->arguments, "NAME=VALUE, a value being JSON where it reads as JSON, or -")
       ->type_name("NAME=VALUE");

@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <vector>
 
-#include "problems.hpp"
-#include "reasons.hpp"
 #include "tool_binding/json/writer.hpp"
 
 namespace tool_binding::cli {
@@ -79,21 +77,35 @@ void add_sent(Page& page, const ArgumentMap& arguments) {
   }
 }
 
-void add_arguments(Page& page, const Sent& sent, const NormalizedArguments& admitted) {
-  page.add_heading("arguments");
-  std::vector<Row> rows;
-  for (const auto& [name, value] : sent.arguments) {
-    const Became became = what_became(sent.tool, name, value, admitted);
-    rows.push_back({became.name, became.value ? json::write(*became.value) : "left out", became.reason});
-  }
-  const Value* const action = admitted.arguments().find(ACTION_PARAM);
-  if (action != nullptr && !is_given(sent.arguments, ACTION_PARAM)) {
-    rows.push_back({std::string(ACTION_PARAM), json::write(*action), "the default action"});
-  }
-  page.add_rows(rows);
+/// The action that the request did not name, null where it named one or runs none.
+const Value* default_action_of(const Request& request) {
+  const Value* const action = request.admission.arguments().find(ACTION_PARAM);
+  const Value* const sent = request.arguments.find(ACTION_PARAM);
+  const bool is_named = action != nullptr && sent != nullptr && what_became(request, ACTION_PARAM, *sent).value;
+  return is_named ? nullptr : action;
 }
 
-void add_notes(Page& page, std::span<const std::string> notes) {
+/// What became of the arguments, but for those that are problems.
+void add_arguments(Page& page, const Request& request) {
+  std::vector<Row> rows;
+  for (const auto& [name, value] : request.arguments) {
+    if (is_refused(request.admission, name)) {
+      continue;
+    }
+    const Became became = what_became(request, name, value);
+    rows.push_back({became.name, became.value ? json::write(*became.value) : "left out", became.reason});
+  }
+  if (const Value* const action = default_action_of(request)) {
+    rows.push_back({std::string(ACTION_PARAM), json::write(*action), "the default action"});
+  }
+  if (request.admission.is_admitted() || !rows.empty()) {
+    page.add_heading("arguments");
+    page.add_rows(rows);
+  }
+}
+
+void add_notes(Page& page, const Admission& admission) {
+  const std::vector<std::string> notes = admission.notes();
   if (!notes.empty()) {
     page.add_heading("notes");
   }
@@ -102,14 +114,18 @@ void add_notes(Page& page, std::span<const std::string> notes) {
   }
 }
 
-void add_keywords(Page& page, const Sent& sent, const NormalizedArguments& admitted, const Handler& handler) {
+void add_keywords(Page& page, const Request& request, const Handler& handler, const KeywordArguments& context) {
   page.add_heading("keywords");
-  const ArgumentMap bound = bind_arguments(sent.tool, admitted.arguments());
+  const ArgumentMap& admitted = request.admission.arguments();
+  const ArgumentMap bound = bind_arguments(request.tool, admitted);
   std::vector<Row> rows;
-  for (const auto& [name, keyword] : handler_kwargs(handler, bound, {})) {
-    const bool is_sent = admitted.arguments().contains(name);
-    rows.push_back(
-        {std::string(name), json::write(keyword.value()), is_sent ? "" : why_default(sent.tool, name, bound)});
+  for (const auto& [name, keyword] : handler_kwargs(handler, bound, context)) {
+    if (keyword.is_context()) {
+      rows.push_back({std::string(name), json::write(keyword.item<const Value>()), "context"});
+    } else {
+      rows.push_back({std::string(name), json::write(keyword.value()),
+                      admitted.contains(name) ? "" : why_default(request.tool, name, bound)});
+    }
   }
   page.add_rows(rows);
   if (rows.empty()) {
@@ -117,27 +133,39 @@ void add_keywords(Page& page, const Sent& sent, const NormalizedArguments& admit
   }
 }
 
+void add_problems(Page& page, const Admission& admission, std::string_view colour) {
+  page.add_heading("problems");
+  for (const std::string& problem : admission.problems()) {
+    page.add_line(colour, problem);
+  }
+}
+
 }  // namespace
 
-std::string explain_admission(const Sent& sent, const NormalizedArguments& admitted, const Handler& handler,
-                              const Colours& colours) {
+std::string explanation_of(const Request& request, const Handler& handler, const KeywordArguments& context,
+                           const Colours& colours) {
   Page page(colours);
-  page.add_title(sent.tool.name(), colours.good, "admitted");
-  add_sent(page, sent.arguments);
-  add_arguments(page, sent, admitted);
-  add_notes(page, admitted.notes());
-  add_keywords(page, sent, admitted, handler);
+  const bool is_admitted = request.admission.is_admitted();
+  page.add_title(request.tool.name(), is_admitted ? colours.good : colours.bad, is_admitted ? "admitted" : "refused");
+  add_sent(page, request.arguments);
+  if (!is_admitted) {
+    add_problems(page, request.admission, colours.bad);
+  }
+  add_arguments(page, request);
+  add_notes(page, request.admission);
+  if (is_admitted) {
+    add_keywords(page, request, handler, context);
+  }
   return std::move(page).take();
 }
 
-std::string explain_refusal(const Sent& sent, std::string_view refusal, const Colours& colours) {
+std::string explanation_of_failure(const ToolSpec& tool, const ArgumentMap& arguments, std::string_view failure,
+                                   const Colours& colours) {
   Page page(colours);
-  page.add_title(sent.tool.name(), colours.bad, "refused");
-  add_sent(page, sent.arguments);
+  page.add_title(tool.name(), colours.bad, "refused");
+  add_sent(page, arguments);
   page.add_heading("problems");
-  for (const std::string& problem : problems_of(sent.tool, sent.arguments, refusal)) {
-    page.add_line(colours.bad, problem);
-  }
+  page.add_line(colours.bad, failure);
   return std::move(page).take();
 }
 

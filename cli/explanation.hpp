@@ -5,22 +5,18 @@
 #include <string_view>
 
 #include "colours.hpp"
-#include "tool_binding/tool_binding.hpp"
+#include "reasons.hpp"
 
-/// An account of one request for people. It decides nothing: it compares what admission was given with what it gave.
+/// An account of one request for people. It decides nothing: it shows what admission found.
 namespace tool_binding::cli {
 
-/// A request as it was sent, and the tool that is to take it.
-struct Sent {
-  const ToolSpec& tool;
-  const ArgumentMap& arguments;
-};
+/// What was sent; each problem on a line of its own; what the other arguments became and why; the notes; and for an
+/// admitted request the keywords of the handler. Precondition: every context item is a `const Value`.
+[[nodiscard]] std::string explanation_of(const Request& request, const Handler& handler,
+                                         const KeywordArguments& context, const Colours& colours);
 
-/// What was sent, what each argument became and why, the notes, and the keywords of the handler.
-[[nodiscard]] std::string explain_admission(const Sent& sent, const NormalizedArguments& admitted,
-                                            const Handler& handler, const Colours& colours);
-
-/// What was sent, and each problem on a line of its own.
-[[nodiscard]] std::string explain_refusal(const Sent& sent, std::string_view refusal, const Colours& colours);
+/// What was sent, and why admission could not be finished.
+[[nodiscard]] std::string explanation_of_failure(const ToolSpec& tool, const ArgumentMap& arguments,
+                                                 std::string_view failure, const Colours& colours);
 
 }  // namespace tool_binding::cli

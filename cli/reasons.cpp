@@ -6,33 +6,58 @@
 #include <vector>
 
 #include "tool_binding/json/writer.hpp"
-#include "undemanding.hpp"
+#include "tool_binding/utils/text_values.hpp"
 
 namespace tool_binding::cli {
 
 namespace {
 
+using Found = Finding::Kind;
+
 /// What a person calls each kind of value, in the order of `Kind`.
 constexpr std::array<std::string_view, 7> kind_words = {"null", "a boolean", "an integer", "a floating number",
                                                         "text", "a list",    "an object"};
 
-std::string words_for(const Value& value) { return std::string(kind_words.at(static_cast<std::size_t>(value.kind()))); }
+std::string_view words_for(const Value& value) { return kind_words.at(static_cast<std::size_t>(value.kind())); }
 
-/// Whether two values read alike, as two that are no number do.
+/// Whether two values read alike, as two that are not numbers do.
 bool are_alike(const Value& left, const Value& right) {
   return left.kind() == right.kind() && quoted_form(left) == quoted_form(right);
 }
 
+/// What admission found of one argument.
+class ArgumentFindings {
+ public:
+  ArgumentFindings(const Admission& admission, const Text& argument)
+      : findings_(admission.findings()), argument_(argument) {}
+
+  [[nodiscard]] bool has(Found kind) const {
+    return std::any_of(findings_.begin(), findings_.end(),
+                       [&](const Finding& finding) { return finding.argument == argument_ && finding.kind == kind; });
+  }
+  [[nodiscard]] bool has_problem() const {
+    return std::any_of(findings_.begin(), findings_.end(), [&](const Finding& finding) {
+      return finding.argument == argument_ && is_problem(finding.kind);
+    });
+  }
+
+ private:
+  std::span<const Finding> findings_;
+  const Text& argument_;
+};
+
 /// Why one value became the other, where no bound took part.
-std::string change(const ToolSpec& tool, const Text& name, const Value& sent, const Value& became) {
-  const ParamSpec* const param = tool.param(name);
+std::string change(const ParamSpec* param, const Value& sent, const Value& became) {
   if (are_alike(sent, became)) {
     return {};
   }
-  if (name == ACTION_PARAM || (param != nullptr && !param->enum_.empty())) {
+  if (param == nullptr || !param->enum_.empty()) {
     return quoted_form(sent) + " read as declared";
   }
-  return sent.kind() == became.kind() ? "items read as text" : words_for(sent) + " read as " + words_for(became);
+  if (sent.kind() == became.kind()) {
+    return "items read as text";
+  }
+  return std::string(words_for(sent)).append(" read as ").append(words_for(became));
 }
 
 std::string joined(const std::vector<std::string>& reasons) {
@@ -43,42 +68,55 @@ std::string joined(const std::vector<std::string>& reasons) {
   return all;
 }
 
-/// Why nothing is admitted of an argument that is no problem.
-std::string why_left_out(const Text& name, const Value& sent) {
+/// Whether blank text leaves the argument out: the action, or a parameter whose blank is not a value.
+bool is_blank_text(const ParamSpec* param, const Value& sent) {
+  return sent.is_text() && is_blank(sent.text()) && (param == nullptr || !param->blank_is_value);
+}
+
+/// Whether the parameter's declared name gave it too, so that what a synonym gave did not stay.
+bool is_superseded(const Request& request, const ParamSpec& param) {
+  const Value* const named = request.arguments.find(param.name);
+  return named != nullptr && !named->is_null() && !is_blank_text(&param, *named) &&
+         !ArgumentFindings(request.admission, param.name).has_problem();
+}
+
+/// Why admission left the argument out, empty for one that it took.
+std::string why_left_out(const Request& request, const Text& name, const ParamSpec* param, const Value& sent) {
   if (sent.is_null()) {
     return "null";
   }
-  return name == REPO_ROOT_ARGUMENT || name == "repo" ? "admission keeps it for itself" : "blank";
+  if (name != ACTION_PARAM && is_reserved_name(name)) {
+    return "its name is reserved";
+  }
+  if (is_blank_text(param, sent)) {
+    return "blank";
+  }
+  const ArgumentFindings findings(request.admission, name);
+  if (findings.has(Found::synonym_left_out) || (findings.has(Found::synonym_read) && is_superseded(request, *param))) {
+    return std::string("'").append(param->name).append("' was given too");
+  }
+  return {};
 }
 
 }  // namespace
 
-/// The argument is admitted once more, alone: its notes are its own then, and what is stored is what became of it.
-Became what_became(const ToolSpec& tool, const Text& name, const Value& sent, const NormalizedArguments& admitted) {
-  const ParamSpec* const param = tool.param(name);
-  const Text declared = param == nullptr || name == ACTION_PARAM ? name : param->name;
-  const bool is_synonym = declared != name;
-  Became superseded{std::string(name), std::nullopt, "'" + std::string(declared) + "' was given too"};
-  std::optional<NormalizedArguments> found;
-  try {
-    found = normalize_arguments(undemanding(tool), {{name, sent}});
-  } catch (const ArgumentError&) {
-    return superseded;  // no problem of the request, so that nobody read it
+bool is_refused(const Admission& admission, const Text& argument) {
+  return ArgumentFindings(admission, argument).has_problem();
+}
+
+Became what_became(const Request& request, const Text& name, const Value& sent) {
+  const ParamSpec* const param = name == ACTION_PARAM ? nullptr : request.tool.param(name);
+  if (std::string reason = why_left_out(request, name, param, sent); !reason.empty()) {
+    return {std::string(name), std::nullopt, std::move(reason)};
   }
-  const NormalizedArguments& alone = *found;
-  const Value* const value = alone.arguments().find(declared);
-  if (value == nullptr || !is_given({{name, sent}}, name)) {
-    return {std::string(name), std::nullopt, why_left_out(name, sent)};
-  }
-  const auto& notes = admitted.notes();
-  if (is_synonym && std::find(notes.begin(), notes.end(), alone.notes().front()) == notes.end()) {
-    return superseded;
-  }
-  const bool is_bounded = name != ACTION_PARAM && alone.notes().size() > (is_synonym ? 1U : 0U);
-  const bool is_coerced = !is_bounded || sent.kind() != value->kind();
-  return {std::string(declared), *value,
-          joined({is_synonym ? "sent as '" + std::string(name) + "', a synonym" : "",
-                  is_coerced ? change(tool, name, sent, *value) : "", is_bounded ? "brought to a bound" : ""})};
+  const Text& declared = param == nullptr ? name : param->name;
+  const Value& value = *request.admission.arguments().find(declared);
+  const ArgumentFindings findings(request.admission, name);
+  const bool is_clamped = findings.has(Found::below_minimum) || findings.has(Found::above_maximum);
+  const bool is_coerced = !is_clamped || sent.kind() != value.kind();
+  return {std::string(declared), value,
+          joined({declared == name ? "" : "sent as '" + std::string(name) + "', a synonym",
+                  is_coerced ? change(param, sent, value) : "", is_clamped ? "clamped to its bounds" : ""})};
 }
 
 std::string why_default(const ToolSpec& tool, const Text& name, const ArgumentMap& bound) {
@@ -90,11 +128,6 @@ std::string why_default(const ToolSpec& tool, const Text& name, const ArgumentMa
   const Text named = action != nullptr && action->is_text() ? action->shared_text() : Text();
   return "its default depends on the action: " + json::write(action_default(tool.name(), name, named)) +
          (named.empty() ? "" : " for '" + std::string(named) + "'");
-}
-
-bool is_given(const ArgumentMap& arguments, const Text& name) {
-  const Value* const found = arguments.find(name);
-  return found != nullptr && !found->is_null();
 }
 
 }  // namespace tool_binding::cli

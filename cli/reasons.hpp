@@ -6,8 +6,15 @@
 
 #include "tool_binding/tool_binding.hpp"
 
-/// Why an admitted request is what it is, found by comparing it with what was sent.
+/// Why a request came to what it is, read from what admission found.
 namespace tool_binding::cli {
+
+/// A request for `tool`, and what admission made of it.
+struct Request {
+  const ToolSpec& tool;
+  const ArgumentMap& arguments;
+  const Admission& admission;
+};
 
 /// What became of one argument.
 struct Became {
@@ -16,14 +23,13 @@ struct Became {
   std::string reason;          ///< empty where nothing was changed
 };
 
-/// What became of the argument `name` of a request that was `admitted`.
-[[nodiscard]] Became what_became(const ToolSpec& tool, const Text& name, const Value& sent,
-                                 const NormalizedArguments& admitted);
+/// Whether the argument is a problem.
+[[nodiscard]] bool is_refused(const Admission& admission, const Text& argument);
+
+/// What became of an argument of the request that is not a problem.
+[[nodiscard]] Became what_became(const Request& request, const Text& name, const Value& sent);
 
 /// Why the handler gets what it gets for a parameter that was not sent.
 [[nodiscard]] std::string why_default(const ToolSpec& tool, const Text& name, const ArgumentMap& bound);
-
-/// Whether an argument of that name says something, null being none.
-[[nodiscard]] bool is_given(const ArgumentMap& arguments, const Text& name);
 
 }  // namespace tool_binding::cli

@@ -18,6 +18,7 @@ struct Refusal {
   std::string_view error;  ///< the error's type
   Text message;
   Code code = Code::none;
+  bool with_findings = false;  ///< whether the answer has a list of findings, which is empty
 };
 
 /// The refusal that the error being handled stands for. An error that refuses no line is thrown again: none is thrown

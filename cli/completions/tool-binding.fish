@@ -13,7 +13,9 @@ complete -c tool-binding -s h -l help -d 'Show the usage'
 
 complete -c tool-binding -n '__fish_seen_subcommand_from admit missing default explain check schema' -r -F -l registry \
     -d 'The file that declares the tools'
-complete -c tool-binding -n '__fish_seen_subcommand_from admit' -r -F -l context \
+complete -c tool-binding -n '__fish_seen_subcommand_from admit explain' -r -F -l context \
     -d 'A JSON object whose entries are offered to every handler'
+complete -c tool-binding -n '__fish_seen_subcommand_from admit' -l findings \
+    -d 'Add each note and problem as data for programs'
 complete -c tool-binding -n '__fish_seen_subcommand_from import' -l lenient \
     -d 'Let a parameter take text where no type says what it is'

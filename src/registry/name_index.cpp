@@ -12,13 +12,14 @@ constexpr std::size_t smallest_table = 8;
 
 }  // namespace
 
-void NameIndex::add(const Text& name, std::uint32_t number) {
+bool NameIndex::add(const Text& name, std::uint32_t number) {
   if (find(name) != absent) {
-    return;
+    return false;
   }
   reserve(1);
   place({name, number});
   ++used_;
+  return true;
 }
 
 std::uint32_t NameIndex::find(std::string_view name) const noexcept {

@@ -21,8 +21,8 @@ class NameIndex {
 
   static constexpr std::uint32_t absent = 0xFFFFFFFF;
 
-  /// Adds `name` unless the index holds it already.
-  void add(const Text& name, std::uint32_t number);
+  /// Adds `name`; an earlier entry of the same name stays. Returns whether the name was new.
+  bool add(const Text& name, std::uint32_t number);
 
   /// Makes room for `more` names: so many are then added without a failure.
   void reserve(std::size_t more);

@@ -25,6 +25,9 @@ TEST(Answers, AreThoseOfTheRows) {
       if (row.set.contains("context")) {
         arguments.insert(arguments.end(), {"--context", file_of(row.set.at("context"))});
       }
+      if (row.set.contains("options")) {
+        arguments.push_back(row.set.at("options"));
+      }
       expect_answer(arguments, row.given + "\n", row.expected, row.place);
     }
   }

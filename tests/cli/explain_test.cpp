@@ -50,10 +50,10 @@ TEST(Explain, ShowsWhatEachArgumentBecameAndWhy) {
   EXPECT_EQ(section(finished.out, "arguments"), R"(  query    "open"     sent as 'q', a synonym
   pattern  left out   'query' was given too
   action   "find"     'Grep' read as declared
-  limit    100        text read as an integer; brought to a bound
-  score    1.0        an integer read as a floating number; brought to a bound
+  limit    100        text read as an integer; clamped to its bounds
+  score    1.0        an integer read as a floating number; clamped to its bounds
   regex    false      text read as a boolean
-  repo     left out   admission keeps it for itself
+  repo     left out   its name is reserved
   kinds    ["class"]  ['Class'] read as declared
   words    ["1"]      items read as text
 )");
@@ -100,6 +100,28 @@ TEST(Explain, ShowsEachProblemOnALine) {
   EXPECT_EQ(section(run(explain({"choose", "q=1", "action=[]"})).out, "problems"),
             "  Unknown parameter 'q' for choose. It takes: p.\n  Unknown action '[]' for choose: one of one\n");
   EXPECT_EQ(section(run(explain({"choose"})).out, "problems"), "  choose needs an 'action': one of one\n");
+}
+
+TEST(Explain, ShowsWhatBecameOfTheOtherArgumentsOfARefusal) {
+  const Finished finished = run(explain({"search", "limt=1", "pattern=a", "query={}", "limit=\"500\"", "words="}));
+  EXPECT_EQ(section(finished.out, "arguments"), R"(  query   "a"       sent as 'pattern', a synonym
+  limit   100       text read as an integer; clamped to its bounds
+  words   left out  blank
+  action  "find"    the default action
+)");
+  EXPECT_EQ(section(finished.out, "notes"), R"(  'pattern' was read as 'query'
+  'limit' 500 is above the maximum: 100 was used
+)");
+  EXPECT_EQ(section(finished.out, "keywords"), "no keywords in: " + finished.out);
+}
+
+TEST(Explain, OffersTheContextToTheHandler) {
+  const std::string context = file_of(R"({"root": "/srv", "regex": true})");
+  const Finished finished = run(explain({"--context", context, "search", "query=a"}));
+  const std::string keywords = section(finished.out, "keywords");
+  EXPECT_NE(keywords.find("  regex   true    context\n"), std::string::npos) << keywords;
+  EXPECT_NE(keywords.find("  root    \"/srv\"  context\n"), std::string::npos) << keywords;
+  EXPECT_EQ(run(explain({"--context", "-", "search", "-"})).status, 2) << "standard input twice";
 }
 
 TEST(Explain, ReadsArgumentsFromStandardInput) {
