@@ -4,9 +4,9 @@
 #include <map>
 #include <utility>
 
-#include "near_names/nearest.hpp"
 #include "check/findings.hpp"
 #include "check/handler_errors.hpp"
+#include "near_names/nearest.hpp"
 #include "types/type_words.hpp"
 #include "values/numbers.hpp"
 
