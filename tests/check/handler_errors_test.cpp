@@ -38,7 +38,7 @@ std::string errors_of(const ToolDeclaration& tool, const Listed&... listed) {
                                            {"root", Value("/")}};
   const Handler taking = handler([](const auto&...) { return 0; }, listed...);
   std::string lines;
-  for (const Finding& finding : registry_errors(std::vector<RegistryEntry>{{tool, taking}}, &offered)) {
+  for (const RegistryFinding& finding : registry_errors(std::vector<RegistryEntry>{{tool, taking}}, &offered)) {
     EXPECT_TRUE(is_error(finding.kind)) << finding.place;
     if (finding.place.starts_with("tools[0].handler")) {
       lines += (lines.empty() ? "" : "\n") + finding.place.substr(sizeof "tools[0].handler" - 1) + ": " + finding.words;
