@@ -96,25 +96,33 @@ bool given(const ParamSpec& param, const Value& value) {
   return !value.is_null() && !(value.is_list() && value.list().empty());
 }
 
-std::vector<std::string> missing(const ToolDeclaration& tool, std::optional<std::string_view> action,
-                                 const ArgumentMap& arguments) {
+std::vector<const ParamSpec*> missing(const ToolDeclaration& tool, std::optional<std::string_view> action,
+                                      const ArgumentMap& arguments) {
+  std::vector<const ParamSpec*> lacking;
+  for (const ParamSpec& param : tool.params) {
+    const Value* const value = under(arguments, param.name);
+    if (required_by(param, action) && !given(param, value == nullptr ? Value() : *value)) {
+      lacking.push_back(&param);
+    }
+  }
+  return lacking;
+}
+
+std::string missing_problem(const ToolDeclaration& tool, std::optional<std::string_view> action,
+                            const ParamSpec& param) {
   std::string subject(tool.name);
   if (action && !action->empty()) {
     subject += " '" + std::string(*action) + "'";
   }
-  std::vector<std::string> problems;
-  for (const ParamSpec& param : tool.params) {
-    const Value* const value = under(arguments, param.name);
-    if (required_by(param, action) && !given(param, value == nullptr ? Value() : *value)) {
-      problems.push_back(subject + " needs '" + std::string(param.name) + "'");
-    }
-  }
-  return problems;
+  return subject + " needs '" + std::string(param.name) + "'";
 }
 
 std::optional<std::string> missing_arguments(const ToolDeclaration& tool, std::optional<std::string_view> action,
                                              const ArgumentMap& arguments) {
-  const std::vector<std::string> problems = missing(tool, action, arguments);
+  std::vector<std::string> problems;
+  for (const ParamSpec* const param : missing(tool, action, arguments)) {
+    problems.push_back(missing_problem(tool, action, *param));
+  }
   return problems.empty() ? std::nullopt : std::optional(joined(problems, "; "));
 }
 

@@ -23,9 +23,13 @@ namespace tool_binding::model {
 /// Whether `value` says something; null for a parameter that is left out.
 [[nodiscard]] bool given(const ParamSpec& param, const Value& value);
 
-/// A problem for each parameter that a call of `action` needs and lacks.
-[[nodiscard]] std::vector<std::string> missing(const ToolDeclaration& tool, std::optional<std::string_view> action,
-                                               const ArgumentMap& arguments);
+/// The parameters that a call of `action` needs and lacks.
+[[nodiscard]] std::vector<const ParamSpec*> missing(const ToolDeclaration& tool, std::optional<std::string_view> action,
+                                                    const ArgumentMap& arguments);
+
+/// The words for one of them.
+[[nodiscard]] std::string missing_problem(const ToolDeclaration& tool, std::optional<std::string_view> action,
+                                          const ParamSpec& param);
 
 /// `texts`, with `separator` between each two.
 template <class Texts>

@@ -52,6 +52,18 @@ bool same(const NormalizedArguments& left, const NormalizedArguments& right) {
          std::equal(left.notes().begin(), left.notes().end(), right.notes().begin(), right.notes().end());
 }
 
+bool same(const Finding& left, const Finding& right) {
+  return left.kind == right.kind && left.argument == right.argument && left.parameter == right.parameter &&
+         same(left.sent, right.sent) && same(left.read, right.read) && same(left.used, right.used) &&
+         left.proposal == right.proposal && left.action == right.action && left.message == right.message;
+}
+
+bool same(const Admission& left, const Admission& right) {
+  return same(left.arguments, right.arguments) && left.alias_hit == right.alias_hit &&
+         std::equal(left.findings.begin(), left.findings.end(), right.findings.begin(), right.findings.end(),
+                    [](const Finding& finding, const Finding& other) { return same(finding, other); });
+}
+
 bool same(const std::optional<std::string>& left, const std::optional<std::string>& right) { return left == right; }
 
 /// What a call returns or how it fails.
@@ -85,8 +97,33 @@ auto answer_of(const Call& call) -> Answer<decltype(call())> {
 }
 
 template <class Result>
+std::string shown(const Result& result) {
+  return one_line(result);
+}
+
+std::string shown(const Finding& finding) {
+  return std::string(word_of(finding.kind)) + " of " +
+         quoted_form(ArgumentMap{{"argument", finding.argument},
+                                 {"parameter", finding.parameter == nullptr ? Value() : finding.parameter->name},
+                                 {"sent", finding.sent},
+                                 {"read", finding.read},
+                                 {"used", finding.used},
+                                 {"proposal", finding.proposal},
+                                 {"action", finding.action}}) +
+         ": " + finding.message;
+}
+
+std::string shown(const Admission& admission) {
+  std::string lines = one_line(admission.arguments) + (admission.alias_hit ? " | alias" : "");
+  for (const Finding& finding : admission.findings) {
+    lines += "\n  " + shown(finding);
+  }
+  return lines;
+}
+
+template <class Result>
 std::string in_words(const Answer<Result>& answer) {
-  return answer.result ? one_line(*answer.result) : answer.failure;
+  return answer.result ? shown(*answer.result) : answer.failure;
 }
 
 Value as_list(const std::vector<Text>& texts) { return std::vector<Value>(texts.begin(), texts.end()); }
@@ -161,12 +198,34 @@ std::string difference_in_keywords(const Tool& tool, const Handler& handler, con
   return found;
 }
 
+/// The parameter of the declaration that a parameter of the record was made of.
+const ParamSpec* declared(const Tool& tool, const ParamSpec* param) {
+  return param == nullptr ? nullptr : &tool.declared.params.at(std::size_t(param - tool.record.params().data()));
+}
+
+Admission admission_by_layer(const Tool& tool, const ArgumentMap& request) {
+  const tool_binding::Admission given = tool_binding::admit(tool.record, request);
+  Admission admission{.arguments = given.arguments(), .alias_hit = given.alias_hit()};
+  for (const tool_binding::Finding& finding : given.findings()) {
+    admission.findings.push_back({.kind = finding.kind,
+                                  .argument = finding.argument,
+                                  .parameter = declared(tool, finding.parameter),
+                                  .sent = finding.sent,
+                                  .read = finding.read,
+                                  .used = finding.used,
+                                  .proposal = finding.proposal,
+                                  .action = finding.action,
+                                  .message = finding.message()});
+  }
+  return admission;
+}
+
 }  // namespace
 
 std::string difference_in_admission(const Tool& tool, const ArgumentMap& request) {
   return difference(
-      tool, "admission of", request, [&] { return tool_binding::normalize_arguments(tool.record, request); },
-      [&] { return model::normalize_arguments(tool.declared, request); });
+      tool, "admission of", request, [&] { return admission_by_layer(tool, request); },
+      [&] { return model::admit(tool.declared, request); });
 }
 
 std::string difference_in_binding(const Tool& tool, const ArgumentMap& arguments) {
@@ -187,8 +246,12 @@ std::string difference_in_binding(const Tool& tool, const ArgumentMap& arguments
 }
 
 std::string difference_in_walk(const Tool& tool, const ArgumentMap& request) {
+  const auto model = [&] { return model::normalize_arguments(tool.declared, request); };
   std::string found = difference_in_admission(tool, request) + difference_in_binding(tool, request);
-  const auto admitted = answer_of([&] { return model::normalize_arguments(tool.declared, request); });
+  found += difference(
+      tool, "normalized arguments of", request, [&] { return tool_binding::normalize_arguments(tool.record, request); },
+      model);
+  const auto admitted = answer_of(model);
   if (admitted.result) {
     found += difference_in_binding(tool, admitted.result->arguments());
   }

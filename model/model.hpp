@@ -5,7 +5,9 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "tool_binding/admission.hpp"
 #include "tool_binding/tool_binding.hpp"
 
 /// The layer's rules once more, as plainly as they can be written: what fuzzers and tests hold the layer against.
@@ -18,6 +20,30 @@ namespace tool_binding::model {
 
 /// The tool of that name. Throws KeyError when there is none.
 [[nodiscard]] const ToolDeclaration& tool_named(std::span<const ToolDeclaration> tools, std::string_view name);
+
+/// A note or a problem: what it is about, as a tool_binding::Finding has it, and its words.
+struct Finding {
+  using Kind = tool_binding::Finding::Kind;
+
+  Kind kind;
+  Text argument = {};
+  const ParamSpec* parameter = nullptr;  ///< one of the declaration's
+  Value sent = {};
+  Value read = {};
+  Value used = {};
+  Text proposal = {};
+  Text action = {};
+  std::string message = {};
+};
+
+/// What came of a request, refused or not, with everything found in the order in which it was found.
+struct Admission {
+  ArgumentMap arguments = {};
+  std::vector<Finding> findings = {};
+  bool alias_hit = false;
+};
+
+[[nodiscard]] Admission admit(const ToolDeclaration& tool, const ArgumentMap& arguments);
 
 /// Messages of a KeyError, a TypeError and an overflow_error are not the layer's own.
 [[nodiscard]] NormalizedArguments normalize_arguments(const ToolDeclaration& tool, const ArgumentMap& arguments);
