@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "admission/argument_value.hpp"
+#include "compile/compiled_tool.hpp"
 #include "model/difference.hpp"
 
 /// Every way to declare one parameter, given every kind of value in every way to give one.
@@ -147,6 +149,25 @@ TEST_P(OneParameterOfType, IsAdmittedAsTheModelHasIt) {
       }
     }
   });
+}
+
+/// What the fast path takes as it is, the slow way takes unchanged and says nothing of it.
+TEST_P(OneParameterOfType, IsTakenByTheFastPathWhereNothingIsToBeDone) {
+  int taken_fast = 0;
+  for_each_declaration(GetParam(), [&](const ParamSpec& param) {
+    const model::Tool tool = tool_with(param, needs[0], true);
+    const detail::CompiledTool& compiled = detail::compiled(tool.record);
+    for (const Value& value : values()) {
+      if (compiled.compiled_params[0].fast_path.takes(value)) {
+        Findings findings;
+        const Value taken = _coerced({compiled, compiled.compiled_params[0], param.name, value}, findings);
+        EXPECT_EQ(quoted_form(taken), quoted_form(value));
+        EXPECT_TRUE(findings.empty()) << findings[0].message();
+        ++taken_fast;
+      }
+    }
+  });
+  EXPECT_GT(taken_fast, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Types, OneParameterOfType, testing::ValuesIn(types),
