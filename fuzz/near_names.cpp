@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "choices.hpp"
+#include "model/near_name.hpp"
 #include "near_names/nearest.hpp"
-#include "support/close_matches.hpp"
-#include "text/code_points.hpp"
 
 /// A word and candidates of few different characters, so that much of them matches.
 namespace tool_binding::fuzz {
@@ -27,16 +26,13 @@ std::string make_name(Choices& choices) {
 void check(Choices choices) {
   const std::string word = make_name(choices);
   std::vector<Text> names;
-  std::vector<std::u32string> decoded;
   while (!choices.empty() && names.size() < 4) {
     names.emplace_back(make_name(choices));
-    decoded.push_back(text::decode(names.back()));
   }
   const detail::NearCandidates candidates(names);
   const Text* const found = _nearest(word, candidates);
-  const auto expected = textbook::nearest(text::decode(word), decoded);
-  require((found == nullptr) == !expected && (!expected || text::decode(*found) == *expected),
-          "the nearest name is the textbook's", word);
+  const std::optional<Text> expected = model::nearest(word, names);
+  require(found == nullptr ? !expected : expected == *found, "the nearest name is the textbook's", word);
 }
 
 }  // namespace

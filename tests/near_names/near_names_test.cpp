@@ -8,8 +8,8 @@
 #include <tuple>
 #include <vector>
 
+#include "model/near_name.hpp"
 #include "near_names/nearest.hpp"
-#include "support/close_matches.hpp"
 #include "text/code_points.hpp"
 
 namespace tool_binding {
@@ -89,12 +89,12 @@ std::string encoded(const std::u32string& code_points) {
 /// Half of the names are drawn from `alphabet`, the others mostly copied from the word.
 int count_found(int searches, std::size_t shortest, std::size_t longest, const std::u32string& alphabet) {
   std::mt19937 random(12345);
-  const auto drawn = [&](const std::u32string& model) {
+  const auto drawn = [&](const std::u32string& copied_from) {
     std::u32string text(shortest + random() % (longest - shortest + 1), U'?');
     std::size_t place = random() % 4;
     for (char32_t& character : text) {
-      const bool copied = place < model.size() && random() % 8 != 0;
-      character = copied ? model[place] : alphabet[random() % alphabet.size()];
+      const bool copied = place < copied_from.size() && random() % 8 != 0;
+      character = copied ? copied_from[place] : alphabet[random() % alphabet.size()];
       ++place;
     }
     return text;
@@ -102,14 +102,12 @@ int count_found(int searches, std::size_t shortest, std::size_t longest, const s
   int found = 0;
   for (int search = 0; search < searches; ++search) {
     const std::u32string word = drawn({});
-    std::vector<std::u32string> names;
-    std::vector<Text> texts;
+    std::vector<Text> names;
     for (std::size_t count = 1 + random() % 5; names.size() < count;) {
-      names.push_back(drawn(random() % 2 == 0 ? word : std::u32string()));
-      texts.emplace_back(encoded(names.back()));
+      names.emplace_back(encoded(drawn(random() % 2 == 0 ? word : std::u32string())));
     }
-    const std::optional<std::u32string> expected = textbook::nearest(word, names);
-    EXPECT_EQ(nearest(encoded(word), texts), expected ? "'" + encoded(*expected) + "'" : "none") << encoded(word);
+    const std::optional<Text> expected = model::nearest(encoded(word), names);
+    EXPECT_EQ(nearest(encoded(word), names), expected ? "'" + std::string(*expected) + "'" : "none") << encoded(word);
     found += expected ? 1 : 0;
   }
   return found;
