@@ -126,6 +126,16 @@ std::optional<std::string> missing_arguments(const ToolDeclaration& tool, std::o
   return problems.empty() ? std::nullopt : std::optional(joined(problems, "; "));
 }
 
+/// A context item says something, whatever it is.
+std::optional<std::string> missing_arguments(const ToolDeclaration& tool, std::optional<std::string_view> action,
+                                             const KeywordArguments& keywords) {
+  ArgumentMap arguments;
+  for (const auto& [name, keyword] : keywords) {
+    arguments.append(name, keyword.is_context() ? Value(true) : keyword.value());
+  }
+  return missing_arguments(tool, action, arguments);
+}
+
 Value effective_action(const ToolDeclaration& tool, const ArgumentMap& arguments) {
   const Value* const named = under(arguments, ACTION_PARAM);
   if (named != nullptr && named->is_text()) {

@@ -260,10 +260,16 @@ std::string difference_in_walk(const Tool& tool, const ArgumentMap& request) {
 
 std::string difference_in_missing(const Tool& tool, std::optional<std::string_view> action,
                                   const ArgumentMap& arguments) {
+  const std::string question = "what is missing for '" + std::string(action.value_or("(no action)")) + "' of ";
+  const KeywordArguments keywords = model::handler_kwargs(handlers().back(), arguments, context());
   return difference(
-      tool, "what is missing for '" + std::string(action.value_or("(no action)")) + "' of", arguments,
-      [&] { return tool_binding::missing_arguments(tool.record, action, arguments); },
-      [&] { return model::missing_arguments(tool.declared, action, arguments); });
+             tool, question + "arguments", arguments,
+             [&] { return tool_binding::missing_arguments(tool.record, action, arguments); },
+             [&] { return model::missing_arguments(tool.declared, action, arguments); }) +
+         difference(
+             tool, question + "keywords with a context and", arguments,
+             [&] { return tool_binding::missing_arguments(tool.record, action, keywords); },
+             [&] { return model::missing_arguments(tool.declared, action, keywords); });
 }
 
 std::string difference_in_default(const Tool& tool, std::string_view name, std::string_view action) {

@@ -51,6 +51,9 @@ struct Admission {
 [[nodiscard]] std::optional<std::string> missing_arguments(const ToolDeclaration& tool,
                                                            std::optional<std::string_view> action,
                                                            const ArgumentMap& arguments);
+[[nodiscard]] std::optional<std::string> missing_arguments(const ToolDeclaration& tool,
+                                                           std::optional<std::string_view> action,
+                                                           const KeywordArguments& keywords);
 
 [[nodiscard]] ArgumentMap bind_arguments(const ToolDeclaration& tool, const ArgumentMap& arguments);
 
