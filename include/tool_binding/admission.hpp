@@ -43,7 +43,7 @@ struct Finding {
     missing_parameter,  ///< a parameter that the call needs was not given
   };
 
-  Kind kind;
+  Kind kind = {};
   Text argument = {};                    ///< the argument's name as sent; none for a missing parameter or action
   const ParamSpec* parameter = nullptr;  ///< the declared parameter
   Value sent = {};                       ///< the argument's value as sent

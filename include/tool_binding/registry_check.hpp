@@ -80,14 +80,14 @@ struct RegistryFinding {
 /// What makes these entries unusable. Names of parameters and actions are compared as they stand. Of two that clash,
 /// the later one is the fault. Context items are judged where the context that the daemon offers is known.
 [[nodiscard]] std::vector<RegistryFinding> registry_errors(std::span<const RegistryEntry> entries,
-                                                   const KeywordArguments* offered = nullptr);
+                                                           const KeywordArguments* offered = nullptr);
 
 /// What is doubtful in these entries. What `registry_errors` names is not named again.
 [[nodiscard]] std::vector<RegistryFinding> registry_warnings(std::span<const RegistryEntry> entries);
 
 /// The errors, then the warnings.
 [[nodiscard]] std::vector<RegistryFinding> check_registry(std::span<const RegistryEntry> entries,
-                                                  const KeywordArguments* offered = nullptr);
+                                                          const KeywordArguments* offered = nullptr);
 
 /// A registry that cannot be used. Its message has a line for each fault:
 /// "line 12: tools[3].params[0].type: " and what is wrong there; the line only where it is known.

@@ -35,6 +35,11 @@ class NormalizedArguments {
                                bool alias_hit = false) noexcept
       : arguments_(std::move(arguments)), notes_(std::move(notes)), alias_hit_(alias_hit) {}
 
+  /// The admission of a request that is admitted, its notes put into words.
+  template <std::same_as<Admission> Admitted>
+  explicit NormalizedArguments(Admitted&& admission)
+      : arguments_(std::move(admission).arguments()), notes_(admission.notes()), alias_hit_(admission.alias_hit()) {}
+
   /// The arguments under their declared names and types, within their bounds, none of them null, in the order in which
   /// admission stored them; the action's declared name under `ACTION_PARAM` for a tool with actions.
   [[nodiscard]] const ArgumentMap& arguments() const& noexcept { return arguments_; }
@@ -64,15 +69,14 @@ namespace detail {
 
 /// Admits one request: `admit`, and a throw. Throws ArgumentError with every problem of the request, and what `admit`
 /// throws.
-[[nodiscard]] inline NormalizedArguments normalize_arguments(const ToolSpec& tool, const ArgumentMap& arguments) {
+[[nodiscard, gnu::always_inline]] inline NormalizedArguments normalize_arguments(const ToolSpec& tool,
+                                                                                 const ArgumentMap& arguments) {
   Admission admission = admit(tool, arguments);
   if (!admission.is_admitted()) {
-    // Thrown from the caller's own frame: what an error costs is the frames that it passes.
+    // Thrown from the caller's own frame: each frame that an error passes costs as much as the rest of a refusal.
     throw detail::argument_error(tool, std::move(admission));
   }
-  std::vector<std::string> notes = admission.notes();
-  const bool alias_hit = admission.alias_hit();
-  return NormalizedArguments(std::move(admission).arguments(), std::move(notes), alias_hit);
+  return NormalizedArguments(std::move(admission));
 }
 [[nodiscard]] inline NormalizedArguments normalize_arguments(std::string_view tool, const ArgumentMap& arguments) {
   return normalize_arguments(TOOLS[tool], arguments);

@@ -17,23 +17,27 @@ namespace {
 
 using Found = Finding::Kind;
 
-Finding finding_of(Found kind, const Argument& argument) {
-  return {.kind = kind,
-          .argument = argument.name,
-          .parameter = argument.param.spec,
-          .sent = argument.sent,
-          .tool = &argument.tool};
+Finding& add_finding(Findings& findings, Found kind, const Argument& argument) {
+  Finding& finding = add_finding(findings, kind, argument.tool);
+  finding.argument = argument.name;
+  finding.parameter = argument.param.spec;
+  finding.sent = argument.sent;
+  return finding;
 }
 
-/// A type word without a row is a fault of the declaration, not of the request.
-const TypeRow& type_of(const Argument& argument) {
-  const detail::CompiledParam& param = argument.param;
-  if (param.type == nullptr) {
-    throw KeyError("no type is named '" + std::string(param.spec->type) + "', which parameter '" +
-                   std::string(param.spec->name) + "' of " + std::string(argument.tool.declared.name) +
-                   " is declared with");
-  }
-  return *param.type;
+// Both are faults of the declaration, not of the request.
+
+[[noreturn, gnu::noinline]] void throw_unknown_type(const Argument& argument) {
+  throw KeyError("no type is named '" + std::string(argument.param.spec->type) + "', which parameter '" +
+                 std::string(argument.param.spec->name) + "' of " + std::string(argument.tool.declared.name) +
+                 " is declared with");
+}
+
+[[noreturn, gnu::noinline]] void throw_no_number(std::string_view side, const Value& bound, const Argument& argument) {
+  std::string message = "the ";
+  message.append(side).append(" of parameter '").append(argument.param.spec->name).append("' of ");
+  append_quoted_form(message.append(argument.tool.declared.name).append(" must be a number, not "), bound);
+  throw TypeError(message);
 }
 
 Value as_texts(const Value& list) {
@@ -57,9 +61,7 @@ const Text* named_value(const Argument& argument, const Value& value, Findings& 
   if (found != lowered.end()) {
     return &argument.param.spec->enum_[static_cast<std::size_t>(found - lowered.begin())];
   }
-  Finding finding = finding_of(Found::unlisted_value, argument);
-  finding.read = value;
-  add_finding(findings, std::move(finding));
+  add_finding(findings, Found::unlisted_value, argument).read = value;
   return nullptr;
 }
 
@@ -81,14 +83,10 @@ Value _enum_values(const Argument& argument, const Value& list, Findings& findin
   return declared.size() == items.size() ? Value(std::move(declared)) : Value();
 }
 
-/// Order of `value` and a bound. A bound that is not a number is a fault of the declaration.
 std::partial_ordering order_to(std::string_view side, const Value& bound, const Argument& argument,
                                const Value& value) {
   if (!is_number(bound)) {
-    std::string message = "the ";
-    message.append(side).append(" of parameter '").append(argument.param.spec->name).append("' of ");
-    append_quoted_form(message.append(argument.tool.declared.name).append(" must be a number, not "), bound);
-    throw TypeError(message);
+    throw_no_number(side, bound, argument);
   }
   return compare_numbers(value, bound);
 }
@@ -111,12 +109,11 @@ Value _bounded(const Argument& argument, const Value& value, Findings& findings)
   if (!below && !above) {
     return value;
   }
-  Finding finding = finding_of(below ? Found::below_minimum : Found::above_maximum, argument);
+  Value replacement = replacement_for(argument.param, below ? spec.minimum : spec.maximum);
+  Finding& finding = add_finding(findings, below ? Found::below_minimum : Found::above_maximum, argument);
   finding.read = value;
-  finding.used = replacement_for(argument.param, below ? spec.minimum : spec.maximum);
-  Value used = finding.used;
-  add_finding(findings, std::move(finding));
-  return used;
+  finding.used = replacement;
+  return replacement;
 }
 
 /// A value of the parameter's type, matched with its enumeration or clamped to its bounds.
@@ -135,24 +132,30 @@ Value _within(const Argument& argument, const Value& value, Findings& findings) 
 }  // namespace
 
 Value _coerced(const Argument& argument, Findings& findings) {
-  const TypeRow& type = type_of(argument);
+  if (argument.param.type == nullptr) {
+    throw_unknown_type(argument);
+  }
+  const TypeRow& type = *argument.param.type;
   if (argument.sent.kind() == type.kind) {
     return _within(argument, argument.sent, findings);
   }
   Value read = type.coerce(argument.sent);
   if (read.is_null()) {
-    add_finding(findings, finding_of(Found::wrong_type, argument));
+    add_finding(findings, Found::wrong_type, argument);
     return read;
   }
   return argument.param.fast_path.takes(read) ? read : _within(argument, read, findings);
 }
 
-void add_finding(Findings& findings, Finding finding) {
+Finding& add_finding(Findings& findings, Finding::Kind kind, const detail::CompiledTool& tool) {
   constexpr std::size_t enough_for_most = 4;
   if (findings.empty()) {
     findings.reserve(enough_for_most);
   }
-  findings.push_back(std::move(finding));
+  Finding& finding = findings.emplace_back();
+  finding.kind = kind;
+  finding.tool = &tool;
+  return finding;
 }
 
 }  // namespace tool_binding

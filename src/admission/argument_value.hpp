@@ -24,6 +24,7 @@ struct Argument {
 /// word that is none of the five, TypeError for a bound that is not a number, and std::overflow_error.
 [[nodiscard]] Value _coerced(const Argument& argument, Findings& findings);
 
-void add_finding(Findings& findings, Finding finding);
+/// Adds a finding, of which the caller says the rest.
+Finding& add_finding(Findings& findings, Finding::Kind kind, const detail::CompiledTool& tool);
 
 }  // namespace tool_binding

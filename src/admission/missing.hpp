@@ -40,10 +40,9 @@ void _missing(const detail::CompiledTool& tool, const std::optional<Text>& actio
   for (const std::uint32_t place : tool.needed) {
     const detail::CompiledParam& param = tool.compiled_params[place];
     if (_needed(*param.spec, action) && !is_given(param)) {
-      add_finding(findings, {.kind = Finding::Kind::missing_parameter,
-                             .parameter = param.spec,
-                             .action = action.value_or(Text()),
-                             .tool = &tool});
+      Finding& finding = add_finding(findings, Finding::Kind::missing_parameter, tool);
+      finding.parameter = param.spec;
+      finding.action = action.value_or(Text());
     }
   }
 }

@@ -22,7 +22,8 @@ void Normalizing::settle() {
 std::optional<Text> Normalizing::_action() {
   const bool has_slot = spec.action_slot != detail::NameIndex::absent;
   if (has_slot && slots[spec.action_slot].stored()) {
-    return plain_form(arguments[slots[spec.action_slot].place].value);
+    const Value& action = arguments[slots[spec.action_slot].place].value;
+    return action.is_text() ? action.shared_text() : plain_form(action);
   }
   if (_action_refused) {
     return std::nullopt;
@@ -36,7 +37,7 @@ std::optional<Text> Normalizing::_action() {
     return action;
   }
   if (!spec.declared.actions.empty()) {
-    add_finding(findings, {.kind = Finding::Kind::missing_action, .tool = &spec});
+    add_finding(findings, Finding::Kind::missing_action, spec);
   }
   return std::nullopt;
 }

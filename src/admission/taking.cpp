@@ -12,10 +12,12 @@ namespace {
 
 using Found = Finding::Kind;
 
-bool is_blank_text(const Value& value) { return value.is_text() && text::is_blank(value.text()); }
+[[gnu::always_inline]] inline bool is_blank_text(const Value& value) {
+  return value.is_text() && text::is_blank(value.text());
+}
 
 /// Whether `value` is blank text that leaves the parameter out.
-bool is_left_out(const detail::CompiledParam& param, const Value& value) {
+[[gnu::always_inline]] inline bool is_left_out(const detail::CompiledParam& param, const Value& value) {
   return is_blank_text(value) && !param.spec->blank_is_value;
 }
 
@@ -85,11 +87,10 @@ void Normalizing::_take_synonym(const Text& name, const Param& param, const Valu
   }
   alias_hit = true;
   const bool given_too = slots[param.slot].named || slots[param.slot].stored();
-  add_finding(findings, {.kind = given_too ? Found::synonym_left_out : Found::synonym_read,
-                         .argument = name,
-                         .parameter = param.spec,
-                         .sent = value,
-                         .tool = &spec});
+  Finding& finding = add_finding(findings, given_too ? Found::synonym_left_out : Found::synonym_read, spec);
+  finding.argument = name;
+  finding.parameter = param.spec;
+  finding.sent = value;
   if (!given_too) {
     _take_value(name, param, value);
   }
@@ -110,20 +111,21 @@ void Normalizing::_take_action(const Value& value) {
     _store(spec.action_slot, value);
     return;
   }
-  Finding finding{.kind = Found::unexpected_action, .argument = ACTION_PARAM, .sent = value, .tool = &spec};
+  Finding& finding = add_finding(findings, Found::unexpected_action, spec);
+  finding.argument = ACTION_PARAM;
+  finding.sent = value;
   if (action != nullptr) {
     alias_hit = true;
     finding.kind = Found::action_synonym_read;
     finding.used = action->name;
     _store(spec.action_slot, action->name);
-  } else {
-    _action_refused = true;
-    if (!spec.declared.actions.empty()) {
-      finding.kind = Found::unknown_action;
-      finding.proposal = proposal_for(plain_form(value), spec.near_actions);
-    }
+    return;
   }
-  add_finding(findings, std::move(finding));
+  _action_refused = true;
+  if (!spec.declared.actions.empty()) {
+    finding.kind = Found::unknown_action;
+    finding.proposal = proposal_for(plain_form(value), spec.near_actions);
+  }
 }
 
 /// A name that comes near a synonym is pointed to the declared name.
@@ -132,9 +134,10 @@ void Normalizing::_unknown_parameter(const Text& name, const Value& value) {
   if (const Param* const param = near.empty() ? nullptr : spec.param(near)) {
     near = param->spec->name;
   }
-  add_finding(
-      findings,
-      {.kind = Found::unknown_parameter, .argument = name, .sent = value, .proposal = std::move(near), .tool = &spec});
+  Finding& finding = add_finding(findings, Found::unknown_parameter, spec);
+  finding.argument = name;
+  finding.sent = value;
+  finding.proposal = std::move(near);
 }
 
 }  // namespace tool_binding

@@ -21,7 +21,7 @@ std::string lines_for(std::span<const RegistryFinding> faults) {
 
 /// The faults of the entries, and of those whose tools the table holds already.
 std::vector<RegistryFinding> errors_beside(const ToolTable& table, std::span<const RegistryEntry> entries,
-                                   const KeywordArguments* offered) {
+                                           const KeywordArguments* offered) {
   std::vector<RegistryFinding> errors = registry_errors(entries, offered);
   RegistryFindings repeated;
   for (std::size_t index = 0; index < entries.size(); ++index) {

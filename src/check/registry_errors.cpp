@@ -88,8 +88,7 @@ class Judging {
     if (type_row(word) == nullptr) {
       const auto meant = type_word_of(word);
       findings_.add(Found::type_word, std::move(place),
-                    {quoted(word),
-                     meant ? did_you_mean(*meant) : did_you_mean_one_of(type_words(), word)});
+                    {quoted(word), meant ? did_you_mean(*meant) : did_you_mean_one_of(type_words(), word)});
     }
   }
 
