@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pool.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -70,6 +71,16 @@ Value draw_value(Choices& choices, unsigned depth) {
   }
 }
 
+/// A text as it is, or as the value of another kind that is written so.
+Value draw_as_written(Choices& choices, const Text& text) {
+  using List = std::vector<Value>;
+  static const List others = {
+      nullptr, true, false, 0, 1, 2, -1, 1.0, std::nan(""), List{1}, List{1, "a"}, List(), ArgumentMap{{"a", 1}}};
+  const auto other =
+      std::find_if(others.begin(), others.end(), [&](const Value& value) { return plain_form(value) == text; });
+  return other == others.end() || choices.flag() ? Value(text) : *other;
+}
+
 /// A value of the enumeration where there is one, and mostly one that can be read as the parameter's type.
 Value draw_value_for(Choices& choices, const ParamSpec& param) {
   const std::size_t way = choices.below(8);
@@ -79,12 +90,13 @@ Value draw_value_for(Choices& choices, const ParamSpec& param) {
   if (param.type == "array") {
     std::vector<Value> items;
     for (std::size_t count = choices.below(4); count > 0; --count) {
-      items.push_back(param.enum_.empty() ? draw_value(choices, 1) : Value(choices.one_of(param.enum_)));
+      items.push_back(param.enum_.empty() ? draw_value(choices, 1)
+                                          : draw_as_written(choices, choices.one_of(param.enum_)));
     }
     return way == 1 ? Value(draw_text(choices)) : Value(items);
   }
   if (!param.enum_.empty() && way < 6) {
-    return choices.one_of(param.enum_);
+    return draw_as_written(choices, choices.one_of(param.enum_));
   }
   if (param.type == "boolean") {
     return choices.flag();
@@ -179,8 +191,9 @@ ToolDeclaration draw_tool(Choices& choices, std::string_view name) {
   if (choices.below(8) < (tool.actions.empty() ? 1 : 7)) {
     tool.default_action = draw_action_name(choices, tool);
   }
-  // Now and then more names than are searched one by one.
-  for (std::size_t count = choices.below(16) == 15 ? 24 : choices.below(5); count > 0; --count) {
+  // Now and then none, and now and then more names than are searched one by one.
+  const std::size_t way = choices.below(16);
+  for (std::size_t count = way == 15 ? 24 : (way == 14 ? 0 : 1 + way % 4); count > 0; --count) {
     tool.params.push_back(draw_param(choices, tool));
   }
   return tool;
