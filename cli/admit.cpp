@@ -70,7 +70,7 @@ class Answering {
     answer.add("notes", admission.notes());
     answer.add("alias_hit", admission.alias_hit());
     answer.add_bound(bind_arguments(tool, std::move(admission).arguments()), *handlers_.find(call.tool), context_);
-    append_findings(answer, admission);
+    append_findings(answer, admission);  // NOLINT(bugprone-use-after-move): its arguments alone were moved
     end_answer(out, envelope);
     return Outcome::answered;
   }

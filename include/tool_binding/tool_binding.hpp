@@ -36,9 +36,7 @@ class NormalizedArguments {
       : arguments_(std::move(arguments)), notes_(std::move(notes)), alias_hit_(alias_hit) {}
 
   /// The admission of a request that is admitted, its notes put into words.
-  template <std::same_as<Admission> Admitted>
-  explicit NormalizedArguments(Admitted&& admission)
-      : arguments_(std::move(admission).arguments()), notes_(admission.notes()), alias_hit_(admission.alias_hit()) {}
+  [[nodiscard]] static NormalizedArguments of(Admission&& admission) { return {PutIntoWords(), std::move(admission)}; }
 
   /// The arguments under their declared names and types, within their bounds, none of them null, in the order in which
   /// admission stored them; the action's declared name under `ACTION_PARAM` for a tool with actions.
@@ -55,6 +53,12 @@ class NormalizedArguments {
   friend bool operator==(const NormalizedArguments&, const NormalizedArguments&) = default;
 
  private:
+  struct PutIntoWords {};
+  NormalizedArguments(PutIntoWords /*unused*/, Admission&& admission)
+      : arguments_(std::move(admission).arguments()),
+        notes_(admission.notes()),  // NOLINT(bugprone-use-after-move): its arguments alone were moved
+        alias_hit_(admission.alias_hit()) {}
+
   ArgumentMap arguments_;
   std::vector<std::string> notes_;
   bool alias_hit_;
@@ -76,7 +80,7 @@ namespace detail {
     // Thrown from the caller's own frame: each frame that an error passes costs as much as the rest of a refusal.
     throw detail::argument_error(tool, std::move(admission));
   }
-  return NormalizedArguments(std::move(admission));
+  return NormalizedArguments::of(std::move(admission));
 }
 [[nodiscard]] inline NormalizedArguments normalize_arguments(std::string_view tool, const ArgumentMap& arguments) {
   return normalize_arguments(TOOLS[tool], arguments);

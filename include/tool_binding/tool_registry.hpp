@@ -191,7 +191,7 @@ union LastingTable {
   ToolTable table;
 
   constexpr LastingTable() noexcept : table() {}
-  ~LastingTable() {}
+  ~LastingTable() {}  // NOLINT(modernize-use-equals-default): a defaulted one would destroy the table, or be deleted
 };
 
 extern LastingTable tools_of_process;

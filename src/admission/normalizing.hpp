@@ -27,9 +27,9 @@ struct Slot {
 class Slots {
  public:
   explicit Slots(std::size_t count) {
-    if (count > here_.size()) {
-      elsewhere_.resize(count);
-      slots_ = elsewhere_.data();
+    if (count > here.size()) {
+      elsewhere.resize(count);
+      slots_ = elsewhere.data();
     } else {
       std::fill_n(slots_, count, Slot());
     }
@@ -41,10 +41,10 @@ class Slots {
 
  private:
   union {
-    std::array<Slot, 32> here_;  // made when a tool needs them
+    std::array<Slot, 32> here;  // made when a tool needs them
   };
-  std::vector<Slot> elsewhere_;
-  Slot* slots_ = here_.data();
+  std::vector<Slot> elsewhere;
+  Slot* slots_ = here.data();
 };
 
 /// The state of one request's admission: what was taken, changed and found wrong. Lives for one call: every argument is
