@@ -26,13 +26,8 @@ struct Slot {
 /// The slots of a tool, without a heap allocation for all but very large tools.
 class Slots {
  public:
-  explicit Slots(std::size_t count) {
-    if (count > here.size()) {
-      elsewhere.resize(count);
-      slots_ = elsewhere.data();
-    } else {
-      std::fill_n(slots_, count, Slot());
-    }
+  explicit Slots(std::size_t count) : elsewhere_(count > here_.size() ? count : 0) {
+    slots_ = elsewhere_.empty() ? here_.data() : elsewhere_.data();
   }
   Slots(const Slots&) = delete;
   Slots& operator=(const Slots&) = delete;
@@ -40,11 +35,9 @@ class Slots {
   [[nodiscard]] Slot& operator[](std::size_t slot) noexcept { return slots_[slot]; }
 
  private:
-  union {
-    std::array<Slot, 32> here;  // made when a tool needs them
-  };
-  std::vector<Slot> elsewhere;
-  Slot* slots_ = here.data();
+  std::array<Slot, 32> here_;
+  std::vector<Slot> elsewhere_;
+  Slot* slots_ = nullptr;
 };
 
 /// The state of one request's admission: what was taken, changed and found wrong. Lives for one call: every argument is

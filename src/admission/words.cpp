@@ -103,7 +103,7 @@ struct KindRow {
 };
 
 /// The words of all findings, in the order of their kinds.
-constexpr std::array<KindRow, 12> kinds = {{
+constexpr std::array<KindRow, 12> kind_rows = {{
     {Found::synonym_read, "synonym_read", "'{argument}' was read as '{parameter}'"},
     {Found::synonym_left_out, "synonym_left_out", "'{argument}' was left out: '{parameter}' was given too"},
     {Found::action_synonym_read, "action_synonym_read", "the action '{sent_plain}' was read as '{used_plain}'"},
@@ -120,8 +120,8 @@ constexpr std::array<KindRow, 12> kinds = {{
 }};
 
 constexpr bool are_in_order() {
-  for (std::size_t place = 0; place < kinds.size(); ++place) {
-    if (kinds[place].kind != static_cast<Found>(place)) {
+  for (std::size_t place = 0; place < kind_rows.size(); ++place) {
+    if (kind_rows[place].kind != static_cast<Found>(place)) {
       return false;
     }
   }
@@ -129,7 +129,7 @@ constexpr bool are_in_order() {
 }
 static_assert(are_in_order());
 
-const KindRow& row_of(Found kind) noexcept { return kinds[static_cast<std::size_t>(kind)]; }
+const KindRow& row_of(Found kind) noexcept { return kind_rows[static_cast<std::size_t>(kind)]; }
 
 void append_proposal(std::string& out, std::string_view before, const Text& proposal) {
   if (!proposal.empty()) {

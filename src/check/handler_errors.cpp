@@ -13,7 +13,7 @@ namespace tool_binding {
 
 namespace {
 
-using Found = RegistryFinding::Kind;
+using Fault = RegistryFinding::Kind;
 
 /// What a handler is given for a type word, and as what it is taken best.
 struct Given {
@@ -116,7 +116,7 @@ class JudgingTypes {
   void judge_default(const Text& name, const Value& value, const ArgumentType& type);
   void judge_unlisted();
 
-  void add(Found kind, std::initializer_list<std::string_view> pieces) { findings_.add(kind, here_, pieces); }
+  void add(Fault kind, std::initializer_list<std::string_view> pieces) { findings_.add(kind, here_, pieces); }
 
   [[nodiscard]] const ParamSpec* declared(const Text& name) const {
     const auto found = std::find_if(tool_.params.begin(), tool_.params.end(),
@@ -169,9 +169,9 @@ void JudgingTypes::judge_item(const Parameter& parameter) {
   }
   const KeywordArgument* const offer = offered_->find(parameter.name);
   if (offer == nullptr) {
-    add(Found::unoffered_item, {quoted(parameter.name), did_you_mean_one_of(names_of(*offered_), parameter.name)});
+    add(Fault::unoffered_item, {quoted(parameter.name), did_you_mean_one_of(names_of(*offered_), parameter.name)});
   } else if (!offer->is_item(*parameter.item)) {
-    add(Found::item_type,
+    add(Fault::item_type,
         {quoted(parameter.name), offer->is_context() ? offer->item_type_name() : "a value", parameter.item->name});
   }
 }
@@ -179,7 +179,7 @@ void JudgingTypes::judge_item(const Parameter& parameter) {
 void JudgingTypes::judge_argument(const Text& name, const ArgumentType& type) {
   const KeywordArgument* const offer = offered_ == nullptr ? nullptr : offered_->find(name);
   if (offer != nullptr && offer->is_context()) {
-    add(Found::item_type, {quoted(name), offer->item_type_name(), type.name()});
+    add(Fault::item_type, {quoted(name), offer->item_type_name(), type.name()});
   } else if (offer != nullptr) {
     judge_default(name, offer->value(), type);
   } else if (name == ACTION_PARAM && !tool_.actions.empty()) {
@@ -189,7 +189,7 @@ void JudgingTypes::judge_argument(const Text& name, const ArgumentType& type) {
     judge_kind({.name = name, .type = "string", .enum_ = std::move(actions), .required = true}, type,
                *given_for("string"));
   } else if (const ParamSpec* const param = declared(name); param == nullptr) {
-    add(Found::undeclared_parameter, {quoted(name), did_you_mean_one_of(bound_names(), name)});
+    add(Fault::undeclared_parameter, {quoted(name), did_you_mean_one_of(bound_names(), name)});
   } else if (const Given* const given = given_for(*param); given != nullptr) {
     judge_kind(*param, type, *given);
   }
@@ -200,12 +200,12 @@ void JudgingTypes::judge_kind(const ParamSpec& param, const ArgumentType& type, 
   const bool has_other_items =
       has_text_items(param) && type.items != nullptr && !type.items->kinds.contains(Kind::text);
   if (!type.kinds.contains(given.kind) || has_other_items) {
-    add(Found::argument_type, {quoted(param.name), has_text_items(param) ? "a list of texts" : given.words, type.name(),
+    add(Fault::argument_type, {quoted(param.name), has_text_items(param) ? "a list of texts" : given.words, type.name(),
                                listed(best_type(tool_, param), param.name)});
     return;
   }
   if (const auto call = call_without(tool_, param); call && !type.kinds.contains(Kind::null)) {
-    add(Found::null_argument, {quoted(param.name), *call, listed(optional_of(type.name()), param.name)});
+    add(Fault::null_argument, {quoted(param.name), *call, listed(optional_of(type.name()), param.name)});
   }
   const ArgumentType& one = type.items == nullptr ? type : *type.items;
   if (one.texts != nullptr) {
@@ -220,18 +220,18 @@ void JudgingTypes::judge_kind(const ParamSpec& param, const ArgumentType& type, 
 /// Whether an enumeration's type has a value for each text that the parameter allows.
 void JudgingTypes::judge_texts(const Text& name, const std::vector<Text>& declared, const ArgumentType& type) {
   if (declared.empty()) {
-    add(Found::open_enumeration, {quoted(name), type.name(), type.wanted()});
+    add(Fault::open_enumeration, {quoted(name), type.name(), type.wanted()});
   }
   for (const Text& text : declared) {
     if (!type.reads(text)) {
-      add(Found::no_enumerator, {quoted(text), type.name(), type.wanted()});
+      add(Fault::no_enumerator, {quoted(text), type.name(), type.wanted()});
     }
   }
 }
 
 void JudgingTypes::judge_default(const Text& name, const Value& value, const ArgumentType& type) {
   if (!value.is_null() && !type.reads(value)) {
-    add(Found::argument_value, {quoted(name), quoted_form(value), type.name(), type.wanted()});
+    add(Fault::argument_value, {quoted(name), quoted_form(value), type.name(), type.wanted()});
   }
 }
 
@@ -240,7 +240,7 @@ void JudgingTypes::judge_unlisted() {
   for (const Text& name : bound_names()) {
     if (!is_listed(name)) {
       const ParamSpec* const param = declared(name);
-      add(Found::unlisted_parameter,
+      add(Fault::unlisted_parameter,
           {quoted(name), listed(param == nullptr ? "std::string" : best_type(tool_, *param), name)});
     }
   }

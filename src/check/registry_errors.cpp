@@ -14,7 +14,7 @@ namespace tool_binding {
 
 namespace {
 
-using Found = RegistryFinding::Kind;
+using Fault = RegistryFinding::Kind;
 
 /// Names by the place at which each is declared first.
 using Places = std::map<Text, std::string>;
@@ -64,13 +64,13 @@ class Judging {
     }
     const auto [first, is_new] = names.emplace(name, place);
     if (!is_new) {
-      findings_.add(Found::repeated_name, std::move(place), {quoted(name), first->second});
+      findings_.add(Fault::repeated_name, std::move(place), {quoted(name), first->second});
     }
   }
 
   bool require_name(const Text& name, const std::string& place) {
     if (name.empty()) {
-      findings_.add(Found::empty_name, place);
+      findings_.add(Fault::empty_name, place);
     }
     return !name.empty();
   }
@@ -80,14 +80,14 @@ class Judging {
     std::transform(tool.actions.begin(), tool.actions.end(), declared.begin(),
                    [](const ActionSpec& action) { return action.name; });
     if (std::find(declared.begin(), declared.end(), name) == declared.end()) {
-      findings_.add(Found::undeclared_action, std::move(place), {quoted(name), did_you_mean_one_of(declared, name)});
+      findings_.add(Fault::undeclared_action, std::move(place), {quoted(name), did_you_mean_one_of(declared, name)});
     }
   }
 
   void require_type(const Text& word, std::string place) {
     if (type_row(word) == nullptr) {
       const auto meant = type_word_of(word);
-      findings_.add(Found::type_word, std::move(place),
+      findings_.add(Fault::type_word, std::move(place),
                     {quoted(word), meant ? did_you_mean(*meant) : did_you_mean_one_of(type_words(), word)});
     }
   }
@@ -136,10 +136,10 @@ void Judging::judge_synonyms(const std::vector<Text>& of_one, const std::string&
       continue;
     }
     if (const auto name = names.find(synonym); name != names.end()) {
-      findings_.add(Found::synonym_of_name, std::move(synonym_place), {quoted(synonym), name->second});
+      findings_.add(Fault::synonym_of_name, std::move(synonym_place), {quoted(synonym), name->second});
     } else if (const auto [first, is_new] = synonyms.emplace(synonym, synonym_place);
                !is_new && !stands_within(first->second, place)) {
-      findings_.add(Found::repeated_synonym, std::move(synonym_place), {quoted(synonym), first->second});
+      findings_.add(Fault::repeated_synonym, std::move(synonym_place), {quoted(synonym), first->second});
     }
   }
 }
@@ -151,7 +151,7 @@ void Judging::judge_param(const ParamSpec& param, const std::string& place) {
   }
   for (const auto& [name, bound] : {std::pair("minimum", &param.minimum), std::pair("maximum", &param.maximum)}) {
     if (!is_bound(*bound)) {
-      findings_.add(Found::bound, member_place(place, name), {quoted_form(*bound)});
+      findings_.add(Fault::bound, member_place(place, name), {quoted_form(*bound)});
     }
   }
 }

@@ -16,7 +16,7 @@ namespace tool_binding {
 
 namespace {
 
-using Found = RegistryFinding::Kind;
+using Fault = RegistryFinding::Kind;
 
 /// What clients that pass tools on to language models commonly take.
 constexpr std::size_t longest_name = 64;
@@ -102,13 +102,13 @@ class Doubting {
 
   void require_usual_name(const Text& name, const std::string& place) {
     if (!is_usual_name(name)) {
-      findings_.add(Found::unusual_name, member_place(place, "name"), {quoted(name)});
+      findings_.add(Fault::unusual_name, member_place(place, "name"), {quoted(name)});
     }
   }
 
   void require_at_most(std::size_t most, std::size_t count, std::string_view counted, std::string place) {
     if (count > most) {
-      findings_.add(Found::unusual_size, std::move(place), {std::to_string(count), counted, std::to_string(most)});
+      findings_.add(Fault::unusual_size, std::move(place), {std::to_string(count), counted, std::to_string(most)});
     }
   }
 
@@ -142,9 +142,9 @@ void Doubting::judge_actions(const ToolDeclaration& tool, const std::string& pla
       };
       std::string synonym_place = item_place(member_place(item_place(place, index), "synonyms"), synonym);
       if (read == nullptr) {
-        findings_.add(Found::unmatched_synonym, std::move(synonym_place), {quoted(name)});
+        findings_.add(Fault::unmatched_synonym, std::move(synonym_place), {quoted(name)});
       } else if (read->name != action.name && std::none_of(tool.actions.begin(), tool.actions.end(), clashes)) {
-        findings_.add(Found::shadowed_synonym, std::move(synonym_place), {quoted(name), quoted(read->name)});
+        findings_.add(Fault::shadowed_synonym, std::move(synonym_place), {quoted(name), quoted(read->name)});
       }
     }
   }
@@ -169,13 +169,13 @@ void Doubting::judge_param(const ToolDeclaration& tool, const ParamSpec& param, 
 
 void Doubting::judge_names(const ParamSpec& param, const std::string& place) {
   if (is_reserved_name(param.name)) {
-    findings_.add(Found::kept_name, member_place(place, "name"), {quoted(param.name)});
+    findings_.add(Fault::kept_name, member_place(place, "name"), {quoted(param.name)});
   } else {
     require_usual_name(param.name, place);
   }
   for (std::size_t index = 0; index < param.synonyms.size(); ++index) {
     if (is_reserved_name(param.synonyms[index])) {
-      findings_.add(Found::kept_name, item_place(member_place(place, "synonyms"), index),
+      findings_.add(Fault::kept_name, item_place(member_place(place, "synonyms"), index),
                     {quoted(param.synonyms[index])});
     }
   }
@@ -184,15 +184,15 @@ void Doubting::judge_names(const ParamSpec& param, const std::string& place) {
 void Doubting::judge_bounds(const ParamSpec& param, const std::string& place) {
   for (const auto& [name, bound] : {std::pair("minimum", &param.minimum), std::pair("maximum", &param.maximum)}) {
     if (is_nan(*bound)) {
-      findings_.add(Found::idle_bound, member_place(place, name), {quoted_form(*bound), "every number is within it"});
+      findings_.add(Fault::idle_bound, member_place(place, name), {quoted_form(*bound), "every number is within it"});
     } else if (!param.enum_.empty() && is_number(*bound)) {
-      findings_.add(Found::idle_bound, member_place(place, name),
+      findings_.add(Fault::idle_bound, member_place(place, name),
                     {quoted_form(*bound), "the enumeration says what is allowed"});
     }
   }
   if (param.enum_.empty() && is_number(param.minimum) && is_number(param.maximum) &&
       compare_numbers(param.minimum, param.maximum) > 0) {
-    findings_.add(Found::crossed_bounds, member_place(place, "minimum"),
+    findings_.add(Fault::crossed_bounds, member_place(place, "minimum"),
                   {quoted_form(param.minimum), quoted_form(param.maximum)});
   }
 }
@@ -200,7 +200,7 @@ void Doubting::judge_bounds(const ParamSpec& param, const std::string& place) {
 void Doubting::judge_items(const ParamSpec& param, const std::string& place) {
   const bool is_read = param.type == "array" && param.items_type == Text("string");
   if (param.items_type && !is_read && type_row(*param.items_type) != nullptr) {
-    findings_.add(Found::idle_items_type, member_place(place, "items_type"), {quoted(*param.items_type)});
+    findings_.add(Fault::idle_items_type, member_place(place, "items_type"), {quoted(*param.items_type)});
   }
 }
 
@@ -211,14 +211,14 @@ void Doubting::judge_values(const ParameterAlone& alone, const ParamSpec& param,
     const Text& value = param.enum_[index];
     const Admitted admitted = alone.admit(is_array ? Value(std::vector<Value>{value}) : Value(value));
     if (!admitted.value) {
-      findings_.add(Found::unmatched_value, item_place(place, index),
+      findings_.add(Fault::unmatched_value, item_place(place, index),
                     {quoted(value), admitted.refusal.empty() ? "left out, as blank text is" : "refused"});
       continue;
     }
     const Value& read = is_array ? admitted.value->list().front() : *admitted.value;
     const auto earlier = param.enum_.begin() + static_cast<std::ptrdiff_t>(index);
     if (read != Value(value) || std::find(param.enum_.begin(), earlier, value) != earlier) {
-      findings_.add(Found::shadowed_value, item_place(place, index), {quoted(value), quoted_form(read)});
+      findings_.add(Fault::shadowed_value, item_place(place, index), {quoted(value), quoted_form(read)});
     }
   }
 }
@@ -231,11 +231,11 @@ void Doubting::judge_default(const ParameterAlone& alone, const Value& value, st
   const Admitted admitted = alone.admit(value);
   const std::string shown = quoted_form(value);
   if (!admitted.refusal.empty()) {
-    findings_.add(Found::refused_default, std::move(place), {shown, admitted.refusal});
+    findings_.add(Fault::refused_default, std::move(place), {shown, admitted.refusal});
   } else if (!admitted.value) {
-    findings_.add(Found::changed_default, std::move(place), {shown, "be left out, as blank text is,"});
+    findings_.add(Fault::changed_default, std::move(place), {shown, "be left out, as blank text is,"});
   } else if (const std::string became = quoted_form(*admitted.value); became != shown) {
-    findings_.add(Found::changed_default, std::move(place), {shown, "become " + became});
+    findings_.add(Fault::changed_default, std::move(place), {shown, "become " + became});
   }
 }
 
@@ -253,7 +253,7 @@ void Doubting::judge_handler(const RegistryEntry& entry, const std::string& plac
   const ToolSpec tool(entry.tool);
   for (const auto& [name, value] : detail::compiled(tool).bound_defaults) {
     if (!takes(name)) {
-      findings_.add(Found::keyword_without_taker, place, {quoted(name)});
+      findings_.add(Fault::keyword_without_taker, place, {quoted(name)});
     }
   }
 }
