@@ -18,7 +18,7 @@ namespace tool_binding::cli {
 
 namespace {
 
-struct Request {
+struct AdmitOptions {
   Files files;
   bool with_findings = false;
 };
@@ -26,10 +26,10 @@ struct Request {
 /// Answers requests, each with the keywords that its handler would be called with.
 class Answering {
  public:
-  explicit Answering(const Request& request)
-      : handlers_(load_registry(request.files.registry)),
-        context_(load_context(request.files.context)),
-        with_findings_(request.with_findings) {}
+  explicit Answering(const AdmitOptions& options)
+      : handlers_(load_registry(options.files.registry)),
+        context_(load_context(options.files.context)),
+        with_findings_(options.with_findings) {}
 
   Outcome answer(const Line& line, json::Writer& out) {
     Envelope envelope;
@@ -94,16 +94,16 @@ class Answering {
   json::Reader reader_;
 };
 
-ExitStatus answer_requests(const Request& request) {
-  Answering answering(request);
-  return answer_lines(request.files.lines,
+ExitStatus answer_requests(const AdmitOptions& options) {
+  Answering answering(options);
+  return answer_lines(options.files.lines,
                       [&](const Line& line, json::Writer& out) { return answering.answer(line, out); });
 }
 
 }  // namespace
 
 Run declare_admit(CLI::App& command) {
-  const auto request = std::make_shared<Request>();
+  const auto request = std::make_shared<AdmitOptions>();
   add_registry_option(command, request->files);
   add_context_option(command, request->files);
   command.add_flag("--findings", request->with_findings, "Add each note and problem as data for programs");

@@ -35,7 +35,7 @@ std::optional<struct stat> file_facts(const Descriptor& directory, const std::st
 /// Whether an entry is a file or a directory or else, asked of the file only where its directory does not say.
 mode_t kind_of(const Descriptor& directory, const dirent& entry) {
   if (entry.d_type != DT_UNKNOWN) {
-    return DTTOIF(entry.d_type);
+    return static_cast<mode_t>(DTTOIF(entry.d_type));
   }
   const std::optional<struct stat> facts = facts_of(directory, entry.d_name);
   return facts ? facts->st_mode : 0;

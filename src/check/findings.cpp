@@ -16,7 +16,7 @@ struct FaultRow {
   std::string_view words;  ///< each "{}" stands for a piece
 };
 
-constexpr auto faults = std::to_array<FaultRow>({
+constexpr auto fault_rows = std::to_array<FaultRow>({
     {Fault::shape, true, "{}"},
     {Fault::empty_name, true, "a name must not be empty"},
     {Fault::repeated_name, true, "{} is declared already at {}"},
@@ -52,7 +52,7 @@ constexpr auto faults = std::to_array<FaultRow>({
 });
 
 const FaultRow& row_of(Fault kind) noexcept {
-  return *std::find_if(faults.begin(), faults.end(), [&](const FaultRow& row) { return row.kind == kind; });
+  return *std::find_if(fault_rows.begin(), fault_rows.end(), [&](const FaultRow& row) { return row.kind == kind; });
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 namespace tool_binding {
 namespace {
 
-using Kind = Parameter::Kind;
+using ParameterKind = Parameter::Kind;
 
 TEST(HandlerKwargs, AreTheBoundArgumentsThenTheContextThatTheHandlerTakes) {
   const std::string engine = "engine";
@@ -14,8 +14,8 @@ TEST(HandlerKwargs, AreTheBoundArgumentsThenTheContextThatTheHandlerTakes) {
                                     {"engine", KeywordArgument::context(engine)},
                                     {"path", KeywordArgument::context(path)}};
   const ArgumentMap bound = {{"action", "list"}, {"path", "a"}, {"limit", nullptr}};
-  const Parameter any = {"options", Kind::VAR_KEYWORD};
-  const Parameter rest = {"engine", Kind::VAR_POSITIONAL};
+  const Parameter any = {"options", ParameterKind::VAR_KEYWORD};
+  const Parameter rest = {"engine", ParameterKind::VAR_POSITIONAL};
   struct Row {
     const char* shows;
     std::vector<Parameter> parameters;
@@ -34,7 +34,7 @@ TEST(HandlerKwargs, AreTheBoundArgumentsThenTheContextThatTheHandlerTakes) {
        {{"engine"}, {"other"}, {"root"}},
        "{action: 'list', path: 'a', limit: None, root: <root>, engine: <engine>}"},
       {"in the place of a bound argument", {{"path"}}, "{action: 'list', path: <context path>, limit: None}"},
-      {"names are compared exactly", {{"Engine"}, {"options", Kind::NAMED}}, alone}};
+      {"names are compared exactly", {{"Engine"}, {"options", ParameterKind::NAMED}}, alone}};
   for (const Row& row : rows) {
     const Handler handler = {{row.parameters}, {}};
     EXPECT_EQ(one_line(handler_kwargs(handler, bound, context)), row.expected) << row.shows;

@@ -13,7 +13,7 @@
 namespace tool_binding {
 namespace {
 
-constexpr double largest_double = std::numeric_limits<double>::max();
+constexpr double greatest_double = std::numeric_limits<double>::max();
 
 TEST(Rounding, OfTextsIsToNearestInEveryMode) {
   struct Row {
@@ -29,7 +29,7 @@ TEST(Rounding, OfTextsIsToNearestInEveryMode) {
       {"1e23", 1e23},
       {"123456789e-20", 123456789e-20},
       {"2.2250738585072011e-308", 2.2250738585072011e-308},
-      {"1.7976931348623157e308", largest_double},
+      {"1.7976931348623157e308", greatest_double},
       {"1e309", std::numeric_limits<double>::infinity()},
       {"-1e-400", -0.0},
       {"1.00000000000000011102230246251565404236316680908203125", 1.0},
@@ -44,8 +44,8 @@ TEST(Rounding, OfTextsIsToNearestInEveryMode) {
 }
 
 TEST(Rounding, OfWhatIsWrittenIsToNearestInEveryMode) {
-  std::vector<double> numbers = {0.30000000000000004, 0.3,   1e23,           5e-324,        largest_double, 1e16,
-                                 9007199254740993.0,  1e-05, 123456789.1235, 0.09999999999, 2.675,          1e22};
+  std::vector<double> numbers = {0.30000000000000004, 0.3,   1e23,           5e-324,        greatest_double, 1e16,
+                                 9007199254740993.0,  1e-05, 123456789.1235, 0.09999999999, 2.675,           1e22};
   for (int units = 1; units < 2000; ++units) {
     const double number = units / 100.0;
     numbers.insert(numbers.end(), {number, std::nextafter(number, 0.0), std::nextafter(number, 1e9)});
