@@ -34,7 +34,7 @@ Handlers load_registry(const std::string& path) {
   try {
     for (json::DeclaredTool& declared : json::read_registry(text)) {
       handlers.append(declared.tool.name(), std::move(declared.handler));
-      TOOLS.add(std::move(declared.tool));
+      TOOLS.add(declared.tool);
     }
   } catch (const ValueError& error) {
     throw UnusableFile(path, error.message());

@@ -26,8 +26,14 @@ struct Slot {
 /// The slots of a tool, without a heap allocation for all but very large tools.
 class Slots {
  public:
-  explicit Slots(std::size_t count) : elsewhere_(count > here_.size() ? count : 0) {
-    slots_ = elsewhere_.empty() ? here_.data() : elsewhere_.data();
+  explicit Slots(std::size_t count) {
+    if (count > here.size()) {
+      elsewhere_.resize(count);
+      slots_ = elsewhere_.data();
+    } else {
+      slots_ = here.data();
+      std::fill_n(slots_, count, Slot());
+    }
   }
   Slots(const Slots&) = delete;
   Slots& operator=(const Slots&) = delete;
@@ -35,7 +41,9 @@ class Slots {
   [[nodiscard]] Slot& operator[](std::size_t slot) noexcept { return slots_[slot]; }
 
  private:
-  std::array<Slot, 32> here_;
+  union {
+    std::array<Slot, 32> here;  ///< of which no more are made than a tool needs
+  };
   std::vector<Slot> elsewhere_;
   Slot* slots_ = nullptr;
 };

@@ -25,6 +25,7 @@ std::string did_you_mean(std::string_view word) { return "; did you mean '" + st
 
 std::vector<Text> type_words() {
   std::vector<Text> words;
+  words.reserve(TYPE_WORDS.size());
   for (const TypeRow& row : TYPE_WORDS) {
     words.emplace_back(row.word);
   }
