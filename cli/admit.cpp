@@ -23,13 +23,22 @@ struct AdmitOptions {
   bool with_findings = false;
 };
 
-/// Answers requests, each with the keywords that its handler would be called with.
+/// What answers need beside their requests, for all threads.
+struct Surroundings {
+  explicit Surroundings(const AdmitOptions& options)
+      : handlers(load_registry(options.files.registry)),
+        context(load_context(options.files.context)),
+        with_findings(options.with_findings) {}
+
+  Handlers handlers;
+  KeywordArguments context;
+  bool with_findings;
+};
+
+/// Answers requests, each with the keywords that its handler would be called with. For one thread.
 class Answering {
  public:
-  explicit Answering(const AdmitOptions& options)
-      : handlers_(load_registry(options.files.registry)),
-        context_(load_context(options.files.context)),
-        with_findings_(options.with_findings) {}
+  explicit Answering(const Surroundings& surroundings) : surroundings_(surroundings) {}
 
   Outcome answer(const Line& line, json::Writer& out) {
     Envelope envelope;
@@ -69,7 +78,8 @@ class Answering {
     answer.add("arguments", admission.arguments());
     answer.add("notes", admission.notes());
     answer.add("alias_hit", admission.alias_hit());
-    answer.add_bound(bind_arguments(tool, std::move(admission).arguments()), *handlers_.find(call.tool), context_);
+    answer.add_bound(bind_arguments(tool, std::move(admission).arguments()), *surroundings_.handlers.find(call.tool),
+                     surroundings_.context);
     append_findings(answer, admission);  // NOLINT(bugprone-use-after-move): its arguments alone were moved
     end_answer(out, envelope);
     return Outcome::answered;
@@ -78,26 +88,26 @@ class Answering {
   /// The answer to a line that no tool's admission came to answer: nothing was found of its arguments.
   void append_failure(json::Writer& out, const Envelope& envelope, const std::optional<Text>& tool,
                       Refusal refusal) const {
-    refusal.with_findings = with_findings_;
+    refusal.with_findings = surroundings_.with_findings;
     append_refusal(out, envelope, tool, refusal);
   }
 
   void append_findings(ObjectWriter& answer, const Admission& admission) const {
-    if (with_findings_) {
+    if (surroundings_.with_findings) {
       answer.add("findings", json::findings_value(admission.findings()));
     }
   }
 
-  Handlers handlers_;
-  KeywordArguments context_;
-  bool with_findings_;
+  const Surroundings& surroundings_;
   json::Reader reader_;
 };
 
 ExitStatus answer_requests(const AdmitOptions& options) {
-  Answering answering(options);
-  return answer_lines(options.files.lines,
-                      [&](const Line& line, json::Writer& out) { return answering.answer(line, out); });
+  const Surroundings surroundings(options);
+  return answer_lines(options.files, [&] {
+    const auto answering = std::make_shared<Answering>(surroundings);
+    return [answering](const Line& line, json::Writer& out) { return answering->answer(line, out); };
+  });
 }
 
 }  // namespace

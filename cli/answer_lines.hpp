@@ -2,10 +2,10 @@
 #pragma once
 
 #include <functional>
-#include <string>
 
+#include "blocks.hpp"
 #include "exit_status.hpp"
-#include "input_lines.hpp"
+#include "options.hpp"
 #include "tool_binding/json/writer.hpp"
 
 namespace tool_binding::cli {
@@ -15,10 +15,10 @@ enum class Outcome : bool { answered, refused };
 /// Writes the answer to a line, without a line feed, to `out`.
 using Answerer = std::function<Outcome(const Line& line, json::Writer& out)>;
 
-/// Answers every line of a file on standard output, in order; a blank one is no request and is answered too,
-/// so that the answers stand line for line. Answers are written before more
-/// input is waited for; while there is input, they are gathered. Ends early when nobody reads the answers any more.
-/// Throws std::system_error.
-[[nodiscard]] ExitStatus answer_lines(const std::string& path, const Answerer& answer);
+/// Answers every line of `files.lines` on standard output, in order; a blank one is no request and is answered too,
+/// so that the answers stand line for line. Answers are written before more input is waited for; while there is input,
+/// they are gathered. Ends early when nobody reads the answers any more. `make_answerer` is called once for each of the
+/// `files.jobs` threads. Throws std::system_error.
+[[nodiscard]] ExitStatus answer_lines(const Files& files, const std::function<Answerer()>& make_answerer);
 
 }  // namespace tool_binding::cli

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "answer_questions.hpp"
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -24,21 +25,22 @@ void append_reply(json::Writer& out, const Text& tool, const Text& name, const V
 
 ExitStatus answer_questions(const Files& files, const Text& name, const Question& question) {
   static_cast<void>(load_registry(files.registry));
-  json::Reader reader;
-  return answer_lines(files.lines, [&](const Line& line, json::Writer& out) {
-    std::optional<Text> tool;
-    try {
-      const Value request = read_line(reader, line.text);
-      const ArgumentMap& members = members_of(request);
-      tool = required_text(members, "tool");
-      append_reply(out, *tool, name, question(*tool, members));
-      return Outcome::answered;
-    } catch (const Error& error) {
-      append_refusal(out, {}, tool, refusal_of(error, line.number));
-    } catch (const std::overflow_error& error) {
-      append_refusal(out, {}, tool, refusal_of(error));
-    }
-    return Outcome::refused;
+  return answer_lines(files, [&] {
+    return [&, reader = std::make_shared<json::Reader>()](const Line& line, json::Writer& out) {
+      std::optional<Text> tool;
+      try {
+        const Value request = read_line(*reader, line.text);
+        const ArgumentMap& members = members_of(request);
+        tool = required_text(members, "tool");
+        append_reply(out, *tool, name, question(*tool, members));
+        return Outcome::answered;
+      } catch (const Error& error) {
+        append_refusal(out, {}, tool, refusal_of(error, line.number));
+      } catch (const std::overflow_error& error) {
+        append_refusal(out, {}, tool, refusal_of(error));
+      }
+      return Outcome::refused;
+    };
   });
 }
 

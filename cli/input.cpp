@@ -2,10 +2,13 @@
 #include "input.hpp"
 
 #include <fcntl.h>
+#include <poll.h>
+#include <sys/eventfd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <iterator>
 #include <system_error>
 #include <utility>
 
@@ -21,7 +24,28 @@ std::string name_of(const std::string& path) { return path == standard_input ? "
   throw std::system_error(errno, std::generic_category(), "cannot read " + name_of(path));
 }
 
+/// Waits until `descriptor` can be read without waiting, or has ended; false when `stop` was raised before.
+bool wait_for_input(int descriptor, const StopSignal& stop) {
+  pollfd events[] = {{stop.descriptor(), POLLIN, 0}, {descriptor, POLLIN, 0}};
+  while (poll(events, std::size(events), -1) < 0) {
+    if (errno != EINTR) {
+      throw std::system_error(errno, std::generic_category(), "cannot wait for input");
+    }
+  }
+  return events[0].revents == 0;
+}
+
 }  // namespace
+
+StopSignal::StopSignal() : descriptor_(eventfd(0, EFD_CLOEXEC)) {
+  if (descriptor_ == none) {
+    throw std::system_error(errno, std::generic_category(), "cannot make an event");
+  }
+}
+
+StopSignal::~StopSignal() { close(descriptor_); }
+
+void StopSignal::raise() const noexcept { static_cast<void>(eventfd_write(descriptor_, 1)); }
 
 Input::Input(const std::string& path)
     : path_(path), descriptor_(path == standard_input ? STDIN_FILENO : open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
@@ -39,7 +63,10 @@ Input::~Input() {
   }
 }
 
-std::size_t Input::read(std::span<char> room) {
+std::size_t Input::read(std::span<char> room, const StopSignal* stop) {
+  if (stop != nullptr && !wait_for_input(descriptor_, *stop)) {
+    return 0;
+  }
   ssize_t count = 0;
   do {
     count = ::read(descriptor_, room.data(), room.size());

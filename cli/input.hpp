@@ -19,6 +19,22 @@ struct Written {
   bool operator==(const Written&) const = default;
 };
 
+/// Ends a wait for input from another thread, once and for all.
+class StopSignal {
+ public:
+  /// Throws std::system_error where the system has no more descriptors.
+  StopSignal();
+  StopSignal(const StopSignal&) = delete;
+  StopSignal& operator=(const StopSignal&) = delete;
+  ~StopSignal();
+
+  void raise() const noexcept;
+  [[nodiscard]] int descriptor() const noexcept { return descriptor_; }
+
+ private:
+  int descriptor_;
+};
+
 /// A file, or standard input, to be read from first to last.
 class Input {
  public:
@@ -28,9 +44,9 @@ class Input {
   Input& operator=(Input&&) = delete;
   ~Input();
 
-  /// Reads what is there into `room`, waits only when nothing is, and returns how many bytes came: none at the end.
-  /// Throws std::system_error. Precondition: `room` is not empty.
-  [[nodiscard]] std::size_t read(std::span<char> room);
+  /// Reads what is there into `room`, waits only when nothing is, and returns how many bytes came: none at the end,
+  /// and none once `stop` is raised. Throws std::system_error. Precondition: `room` is not empty.
+  [[nodiscard]] std::size_t read(std::span<char> room, const StopSignal* stop = nullptr);
 
   /// What differs once a file has been written to; always the same for what is no file. Throws std::system_error.
   [[nodiscard]] Written last_written() const;

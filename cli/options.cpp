@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
+#include <thread>
 
 namespace tool_binding::cli {
 
@@ -16,7 +17,19 @@ void add_context_option(CLI::App& command, Files& files) {
       ->type_name("FILE");
 }
 
+void add_jobs_option(CLI::App& command, std::size_t& jobs) {
+  constexpr std::size_t most = 1024;
+  command
+      .add_option_function<std::size_t>(
+          "--jobs",
+          [&jobs](std::size_t count) { jobs = count != 0 ? count : std::max(1U, std::thread::hardware_concurrency()); },
+          "Threads that share the lines, with the same answers in the same order; 0: one on each core")
+      ->type_name("N")
+      ->check(CLI::Range(std::size_t{0}, most));
+}
+
 void add_lines_argument(CLI::App& command, Files& files, const std::string& name) {
+  add_jobs_option(command, files.jobs);
   command.add_option(name, files.lines, "A file of lines; - or nothing: standard input")->type_name("FILE");
   command.callback([&files] {
     const std::array paths = {files.registry, files.context, files.lines};

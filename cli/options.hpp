@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "input.hpp"
@@ -17,13 +18,17 @@ struct Files {
   std::string registry;
   std::string context;  ///< empty for none
   std::string lines = standard_input;
+  std::size_t jobs = 1;  ///< threads, at least one
 };
 
 /// Each declares what its name says; the parser writes to `files`, which is to live until the command has run.
 void add_registry_option(CLI::App& command, Files& files);
 void add_context_option(CLI::App& command, Files& files);
 
-/// The lines to answer, and the check that standard input is read once only.
+/// The number of threads; 0 stands for one on each core, and is replaced by their number.
+void add_jobs_option(CLI::App& command, std::size_t& jobs);
+
+/// The lines to answer in any number of threads, and the check that standard input is read once only.
 void add_lines_argument(CLI::App& command, Files& files, const std::string& name);
 
 }  // namespace tool_binding::cli

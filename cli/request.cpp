@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string>
 
-#include "input_lines.hpp"
+#include "blocks.hpp"
 
 namespace tool_binding::cli {
 

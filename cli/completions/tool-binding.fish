@@ -17,5 +17,7 @@ complete -c tool-binding -n '__fish_seen_subcommand_from admit explain' -r -F -l
     -d 'A JSON object whose entries are offered to every handler'
 complete -c tool-binding -n '__fish_seen_subcommand_from admit' -l findings \
     -d 'Add each note and problem as data for programs'
+complete -c tool-binding -n '__fish_seen_subcommand_from admit missing default' -x -l jobs \
+    -d 'Threads that share the lines; 0: one on each core'
 complete -c tool-binding -n '__fish_seen_subcommand_from import' -l lenient \
     -d 'Let a parameter take text where no type says what it is'
