@@ -69,7 +69,15 @@ class KeywordArgument {
   [[nodiscard]] std::string_view item_type_name() const noexcept;
 
   /// The bound argument, as long as this object lives. Throws TypeError for a context item.
-  [[nodiscard]] const Value& value() const;
+  [[nodiscard]] const Value& value() const {
+    if (is_context()) {
+      refuse_item();
+    }
+    return held_;
+  }
+
+  /// The same, null where `value` throws.
+  [[nodiscard]] const Value* value_if() const noexcept { return is_context() ? nullptr : &held_; }
 
   /// The context item, as long as this object lives. `Item` is the type that it was made with, or a base class that it
   /// was made with, or the constant of one of these. Throws TypeError for a bound argument and for any other type.
@@ -99,6 +107,7 @@ class KeywordArgument {
   KeywordArgument(std::shared_ptr<const volatile void> item, std::span<const detail::ItemView> views);
   [[nodiscard]] void* find_item(const detail::ItemType& type) const noexcept;
   [[nodiscard]] void* item_of(const detail::ItemType& type) const;
+  [[noreturn]] void refuse_item() const;
   [[nodiscard]] const std::shared_ptr<const volatile void>& owner() const noexcept;
   [[nodiscard]] bool equals(const KeywordArgument& other) const;
 

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -62,38 +63,47 @@ template <class Item>
 
 namespace detail {
 
-/// A tool and, for each parameter of a handler, what the tool declares under its name; null for none.
-struct AnsweredTool {
-  ToolSpec tool;
-  std::vector<const ParamSpec*> params;
+/// What a function takes, and as the handler of which tool.
+struct Listing {
+  struct Row {
+    Text name;
+    std::size_t place;  ///< where a call's keywords most likely have it
+    const ParamSpec*
+        differs;  ///< what the tool declares under the name, where its default differs by action, else null
+  };
 
-  AnsweredTool(const ToolSpec& answered, const Signature& signature);
+  Signature signature;
+  std::optional<ToolSpec> tool;  ///< none where the handler is called as no tool's
+  std::vector<Row> rows;         ///< for each parameter of the signature
+
+  explicit Listing(Signature listed);
+  Listing(Signature listed, const ToolSpec& answered);
 };
 
 /// One call of a function that lists what it takes. Lives for the call.
 struct TypedCall {
   const KeywordArguments& keywords;
-  const Signature& signature;
-  const AnsweredTool* tool;  ///< null where the handler is called as no tool's
+  const Listing& listing;
 
-  /// The keyword of the parameter at `place`: most often it stands there.
+  /// The keyword of the parameter at `place` of the signature.
   [[nodiscard]] const KeywordArgument& keyword(std::size_t place) const {
-    const Text& name = signature.parameters[place].name;
-    return place < keywords.size() && keywords[place].name == name ? keywords[place].value : found(name);
+    const Listing::Row& row = listing.rows[place];
+    return row.place < keywords.size() && keywords[row.place].name == row.name ? keywords[row.place].value
+                                                                               : found(row.name);
   }
 
   /// The argument of the parameter at `place`; for one left out, the default of the call's action.
   [[nodiscard]] const Value& value(std::size_t place) const {
-    const KeywordArgument& argument = keyword(place);
-    if (argument.is_context()) {
+    const Value* const bound = keyword(place).value_if();
+    if (bound == nullptr) {
       refuse();
     }
-    const Value& bound = argument.value();
-    return bound.is_null() && tool != nullptr ? default_at(place, bound) : bound;
+    const ParamSpec* const differs = listing.rows[place].differs;
+    return differs != nullptr && bound->is_null() ? default_of(*differs) : *bound;
   }
 
   [[nodiscard]] const KeywordArgument& found(const Text& name) const;
-  [[nodiscard]] const Value& default_at(std::size_t place, const Value& bound) const;
+  [[nodiscard]] const Value& default_of(const ParamSpec& param) const;
   /// Throws for whatever of the call does not fit. Precondition: something does not.
   [[noreturn]] void refuse() const;
 };
@@ -192,23 +202,24 @@ class ListedHandler {
 
   explicit ListedHandler(Function function, const Listed&... listed)
       : function_(std::move(function)),
-        signature_{.parameters = {detail::Taking<Listed>::parameter(listed)...}, .complete = true} {}
+        listing_(std::make_shared<const detail::Listing>(
+            Signature{.parameters = {detail::Taking<Listed>::parameter(listed)...}, .complete = true})) {}
 
-  [[nodiscard]] const Signature& signature() const noexcept { return signature_; }
+  [[nodiscard]] const Signature& signature() const noexcept { return listing_->signature; }
 
   [[nodiscard]] ListedHandler for_tool(const ToolSpec& tool) const {
     ListedHandler answering = *this;
-    answering.tool_ = std::make_shared<const detail::AnsweredTool>(tool, signature_);
+    answering.listing_ = std::make_shared<const detail::Listing>(signature(), tool);
     return answering;
   }
 
   Answer operator()(const KeywordArguments& keywords) const {
-    return call({keywords, signature_, tool_.get()}, std::index_sequence_for<Listed...>());
+    return call({keywords, *listing_}, std::index_sequence_for<Listed...>());
   }
 
   operator Handler() const  // NOLINT(google-explicit-constructor)
       requires std::convertible_to<Answer, Value> {
-    return {.signature = signature_, .function = *this, .for_tool = [listed = *this](const ToolSpec& tool) {
+    return {.signature = signature(), .function = *this, .for_tool = [listed = *this](const ToolSpec& tool) {
               return Handler::Function(listed.for_tool(tool));
             }};
   }
@@ -220,8 +231,7 @@ class ListedHandler {
   }
 
   Function function_;
-  Signature signature_;
-  std::shared_ptr<const detail::AnsweredTool> tool_;
+  std::shared_ptr<const detail::Listing> listing_;
 };
 
 /// A handler of `function`, which takes what is listed, in that order. A member function's object is listed first, as
@@ -241,7 +251,8 @@ template <class Type>
 [[nodiscard]] Type get(const KeywordArguments& keywords, const Text& name) {
   const KeywordArgument* const keyword = keywords.find(name);
   Type taken{};
-  if (keyword == nullptr || keyword->is_context() || !Reading<Type>::read(keyword->value(), taken)) {
+  const Value* const value = keyword == nullptr ? nullptr : keyword->value_if();
+  if (value == nullptr || !Reading<Type>::read(*value, taken)) {
     detail::refuse_keyword(keywords, {.name = name, .type = &argument_type<Type>});
   }
   return taken;

@@ -25,12 +25,9 @@ std::string_view KeywordArgument::item_type_name() const noexcept {
   return is_context() ? node_of(held_.cell_).views.front().type->name : std::string_view();
 }
 
-const Value& KeywordArgument::value() const {
-  if (is_context()) {
-    std::string message = "the keyword argument is a context item of the type ";
-    throw TypeError(message.append(item_type_name()).append(", not a value"));
-  }
-  return held_;
+void KeywordArgument::refuse_item() const {
+  std::string message = "the keyword argument is a context item of the type ";
+  throw TypeError(message.append(item_type_name()).append(", not a value"));
 }
 
 void* KeywordArgument::find_item(const detail::ItemType& type) const noexcept {

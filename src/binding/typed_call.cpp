@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <algorithm>
-#include <iterator>
+#include <optional>
 #include <string>
 #include <utility>
 
+#include "compile/compiled_tool.hpp"
 #include "tool_binding/errors.hpp"
 #include "tool_binding/typed_handler.hpp"
 #include "values/forms.hpp"
@@ -13,18 +13,19 @@ namespace tool_binding::detail {
 namespace {
 
 /// "the handler of search", or "the handler" where its tool is not known.
-std::string handler_of(const AnsweredTool* tool) {
-  return tool == nullptr ? "the handler" : "the handler of " + std::string(tool->tool.name());
+std::string handler_of(const std::optional<ToolSpec>& tool) {
+  return tool ? "the handler of " + std::string(tool->name()) : "the handler";
 }
 
-[[noreturn]] void throw_missing(const AnsweredTool* tool, const Text& name) {
+[[noreturn]] void throw_missing(const std::optional<ToolSpec>& tool, const Text& name) {
   std::string message = handler_of(tool).append(" takes ");
   append_quoted_text(message, name);
   throw LookupError(message.append(", which the call does not have"));
 }
 
 /// Throws for a keyword that is none of what the parameter takes, whatever a caller sends.
-[[noreturn]] void throw_other(const AnsweredTool* tool, const Parameter& parameter, const KeywordArgument& given) {
+[[noreturn]] void throw_other(const std::optional<ToolSpec>& tool, const Parameter& parameter,
+                              const KeywordArgument& given) {
   std::string message = handler_of(tool).append(" takes ");
   append_quoted_text(message, parameter.name);
   message.append(" as ");
@@ -36,17 +37,18 @@ std::string handler_of(const AnsweredTool* tool) {
   throw TypeError(message);
 }
 
-void add_problem(std::string& problems, const AnsweredTool* tool, const Parameter& parameter, std::string_view must,
-                 const ArgumentType& type, const Value& value) {
+void add_problem(std::string& problems, const std::optional<ToolSpec>& tool, const Parameter& parameter,
+                 std::string_view must, const ArgumentType& type, const Value& value) {
   problems.append(problems.empty() ? "Parameter '" : "; Parameter '").append(parameter.name).append("'");
-  if (tool != nullptr) {
-    problems.append(" of ").append(tool->tool.name());
+  if (tool) {
+    problems.append(" of ").append(tool->name());
   }
   append_quoted_form(problems.append(must).append(type.wanted()).append(", not "), value);
 }
 
 /// Adds a problem for a value of the right kind that the type does not hold, or for each such item of a list.
-void add_problems(std::string& problems, const AnsweredTool* tool, const Parameter& parameter, const Value& value) {
+void add_problems(std::string& problems, const std::optional<ToolSpec>& tool, const Parameter& parameter,
+                  const Value& value) {
   if (!value.is_list() || parameter.type->items == nullptr) {
     add_problem(problems, tool, parameter, " must be ", *parameter.type, value);
     return;
@@ -60,62 +62,72 @@ void add_problems(std::string& problems, const AnsweredTool* tool, const Paramet
 
 }  // namespace
 
-AnsweredTool::AnsweredTool(const ToolSpec& answered, const Signature& signature) : tool(answered) {
-  params.reserve(signature.parameters.size());
-  std::transform(signature.parameters.begin(), signature.parameters.end(), std::back_inserter(params),
-                 [&](const Parameter& parameter) {
-                   const ParamSpec* const param = tool.param(parameter.name);
-                   return parameter.type != nullptr && param != nullptr && param->name == parameter.name ? param
-                                                                                                         : nullptr;
-                 });
+Listing::Listing(Signature listed) : signature(std::move(listed)) {
+  rows.reserve(signature.parameters.size());
+  for (const Parameter& parameter : signature.parameters) {
+    rows.push_back({parameter.name, rows.size(), nullptr});
+  }
+}
+
+Listing::Listing(Signature listed, const ToolSpec& answered) : Listing(std::move(listed)) {
+  tool = answered;
+  const CompiledTool& compiled = detail::compiled(answered);
+  for (std::size_t index = 0; index < rows.size(); ++index) {
+    Row& row = rows[index];
+    const std::uint32_t slot = compiled.slots.find(row.name);
+    const std::size_t bound = compiled.bound_defaults.size();
+    row.place = slot == NameIndex::absent ? bound : slot;  // context items stand behind what is bound
+    const ParamSpec* const param = answered.param(row.name);
+    if (signature.parameters[index].type != nullptr && param != nullptr && param->name == row.name &&
+        !param->action_defaults.empty()) {
+      row.differs = param;
+    }
+  }
 }
 
 const KeywordArgument& TypedCall::found(const Text& name) const {
   if (const KeywordArgument* const keyword = keywords.find(name); keyword != nullptr) {
     return *keyword;
   }
-  throw_missing(tool, name);
+  throw_missing(listing.tool, name);
 }
 
-const Value& TypedCall::default_at(std::size_t place, const Value& bound) const {
-  const ParamSpec* const param = tool->params[place];
-  if (param == nullptr || param->action_defaults.empty()) {
-    return bound;
-  }
+const Value& TypedCall::default_of(const ParamSpec& param) const {
   const KeywordArgument* const action = keywords.find(ACTION_PARAM);
-  const bool is_named = action != nullptr && !action->is_context() && action->value().is_text();
-  const Value* const differing = is_named ? param->action_defaults.find(action->value().shared_text()) : nullptr;
-  return differing == nullptr ? param->default_ : *differing;
+  const Value* const named = action == nullptr ? nullptr : action->value_if();
+  const Value* const differing =
+      named != nullptr && named->is_text() ? param.action_defaults.find(named->shared_text()) : nullptr;
+  return differing == nullptr ? param.default_ : *differing;
 }
 
 void TypedCall::refuse() const {
   std::string problems;
-  for (std::size_t place = 0; place < signature.parameters.size(); ++place) {
-    const Parameter& parameter = signature.parameters[place];
+  for (std::size_t place = 0; place < listing.rows.size(); ++place) {
+    const Parameter& parameter = listing.signature.parameters[place];
     if (parameter.type == nullptr && parameter.item == nullptr) {
       continue;
     }
     const KeywordArgument& given = keyword(place);
     if (parameter.item != nullptr ? !given.is_item(*parameter.item) : given.is_context()) {
-      throw_other(tool, parameter, given);
+      throw_other(listing.tool, parameter, given);
     }
     if (parameter.type == nullptr) {
       continue;
     }
     const Value& argument = value(place);
     if (!parameter.type->kinds.contains(argument.kind())) {
-      throw_other(tool, parameter, argument);
+      throw_other(listing.tool, parameter, argument);
     }
     if (!parameter.type->reads(argument)) {
-      add_problems(problems, tool, parameter, argument);
+      add_problems(problems, listing.tool, parameter, argument);
     }
   }
   throw ArgumentError(problems);
 }
 
 void refuse_keyword(const KeywordArguments& keywords, const Parameter& parameter) {
-  const Signature signature = {.parameters = {parameter}};
-  TypedCall{keywords, signature, nullptr}.refuse();
+  const Listing listing(Signature{.parameters = {parameter}});
+  TypedCall{keywords, listing}.refuse();
 }
 
 }  // namespace tool_binding::detail
