@@ -1,4 +1,4 @@
-# The package: find_package(tool_binding), its component json, and a pkg-config file for each library.
+# The package: find_package(tool_binding), its components json and nlohmann, and a pkg-config file for each library.
 include(CMakePackageConfigHelpers)
 
 set(package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/tool_binding)
@@ -32,6 +32,9 @@ string(REGEX REPLACE "/$" "" pkg_config_to_prefix ${pkg_config_to_prefix})
 tool_binding_install_library(tool_binding tool_binding)
 if(TARGET tool_binding_json)
   tool_binding_install_library(tool_binding_json tool_binding_json)
+endif()
+if(TARGET tool_binding_nlohmann)
+  tool_binding_install_library(tool_binding_nlohmann tool_binding_nlohmann)
 endif()
 
 configure_package_config_file(cmake/tool_binding-config.cmake.in ${PROJECT_BINARY_DIR}/tool_binding-config.cmake

@@ -34,13 +34,16 @@ expect_files() { # PREFIX
 with_find_package() { # PREFIX KIND
   cmake -S "$here/consumer" -B "$scratch/build_$2" "${options[@]}" -DCMAKE_PREFIX_PATH="$1" >/dev/null
   cmake --build "$scratch/build_$2"
-  run "$scratch/build_$2/with_tool_binding" "$scratch/build_$2/with_json"
+  run "$scratch/build_$2"/with_{tool_binding,json,nlohmann}
 }
 
 with_pkg_config() { # PREFIX NAME FLAGS_OF_PKG_CONFIG...
   local prefix=$1 name=$2 json=()
   shift 2
-  [ "$name" = tool_binding ] || json=(-DWITH_JSON)
+  case $name in
+  tool_binding_json) json=(-DWITH_JSON) ;;
+  tool_binding_nlohmann) json=(-DWITH_NLOHMANN) ;;
+  esac
   local flags
   flags=$(PKG_CONFIG_PATH=$prefix/lib/pkgconfig pkg-config "$@" --cflags --libs "$name")
   # shellcheck disable=SC2086  # the flags are words
@@ -54,12 +57,13 @@ expect_files "$scratch/static"
 with_find_package "$scratch/static" static
 say "installed static, pkg-config"
 with_pkg_config "$scratch/static" tool_binding_json --static
+with_pkg_config "$scratch/static" tool_binding_nlohmann
 
 say "add_subdirectory, shared"
 cmake -S "$here/consumer" -B "$scratch/subdirectory" "${options[@]}" -DWAY=subdirectory -DCMAKE_INSTALL_LIBDIR=lib \
   -DTOOL_BINDING_SOURCE="$source_tree" -DCMAKE_UNITY_BUILD=ON >/dev/null
 cmake --build "$scratch/subdirectory"
-run "$scratch/subdirectory/with_tool_binding" "$scratch/subdirectory/with_json"
+run "$scratch"/subdirectory/with_{tool_binding,json,nlohmann}
 
 say "installed shared, find_package"
 cmake --install "$scratch/subdirectory" --prefix "$scratch/shared" >/dev/null

@@ -7,6 +7,9 @@
 #include "tool_binding/json/parse_error.hpp"
 #include "tool_binding/json/registry_file.hpp"
 #endif
+#ifdef WITH_NLOHMANN
+#include "tool_binding/nlohmann/json.hpp"
+#endif
 
 /// What only holds across a library's boundary: one `TOOLS`, errors that are caught by their own types, context items
 /// whose type both sides agree on.
@@ -25,7 +28,12 @@ int main() {
   TOOLS.add({.name = "search", .params = {{.name = "limit", .type = "integer"}}});
 #endif
   try {
-    static_cast<void>(normalize_arguments("search", ArgumentMap{{"limt", 5}}));
+#ifdef WITH_NLOHMANN
+    const ArgumentMap unknown = nlohmann_json::to_arguments(nlohmann::json::parse(R"({"limt": 5})"));
+#else
+    const ArgumentMap unknown = {{"limt", 5}};
+#endif
+    static_cast<void>(normalize_arguments("search", unknown));
     return std::puts("an unknown parameter was admitted") >= 0 ? 1 : 2;
   } catch (const ArgumentError& error) {
     std::puts(error.what());
