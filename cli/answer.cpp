@@ -5,7 +5,7 @@ namespace tool_binding::cli {
 
 namespace {
 
-/// JSON-RPC's own kind of error, for a line that is no request.
+/// JSON-RPC's own kind of error, for a line that is not a request.
 void append_json_rpc_error(json::Writer& out, const Envelope& envelope, const Refusal& refusal) {
   ObjectWriter error = begin_answer(out, envelope, "error");
   error.add("code", static_cast<int>(refusal.code));

@@ -14,7 +14,7 @@ namespace tool_binding::cli {
 [[nodiscard]] ObjectWriter begin_answer(json::Writer& out, const Envelope& envelope, const Text& json_rpc_member);
 void end_answer(json::Writer& out, const Envelope& envelope);
 
-/// The answer to a line that got no result. It names `tool`, as far as that is known, unless the line is no request.
+/// The answer to a line that got no result. It names `tool`, as far as that is known, unless the line is not a request.
 void append_refusal(json::Writer& out, const Envelope& envelope, const std::optional<Text>& tool,
                     const Refusal& refusal);
 

@@ -9,7 +9,7 @@
 
 namespace tool_binding::cli {
 
-/// What a line asks about its tool. Throws NoRequest and the errors of the layer.
+/// What a line asks about its tool. Throws InvalidRequest and the errors of the layer.
 using Question = std::function<Value(const Text& tool, const ArgumentMap& line)>;
 
 /// Loads the registry and answers every line {"tool": …} with {"tool": …, NAME: VALUE}, where VALUE answers the

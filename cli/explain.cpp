@@ -41,7 +41,7 @@ Value read_arguments() {
     throw UnusableFile(standard_input, error.message());
   }
   if (!arguments.is_mapping()) {
-    throw UnusableFile(standard_input, "arguments are a JSON object");
+    throw UnusableFile(standard_input, "the arguments must be a JSON object");
   }
   return arguments;
 }
@@ -81,7 +81,7 @@ ExitStatus explain(const Typed& request) {
   const KeywordArguments context = load_context(request.files.context);
   const ToolSpec* const tool = TOOLS.find(request.tool);
   if (tool == nullptr) {
-    std::string words = "no tool is named '" + request.tool + "': it declares";
+    std::string words = "no tool is named '" + request.tool + "': the registry declares";
     for (const ToolSpec& declared : TOOLS.all()) {
       words.append(words.ends_with(" declares") ? " " : ", ").append(declared.name());
     }
@@ -97,11 +97,12 @@ void check_arguments(const Typed& request) {
   const auto files =
       (request.files.registry == standard_input ? 1 : 0) + (request.files.context == standard_input ? 1 : 0);
   if (arguments + files > 1) {
-    throw CLI::ValidationError("standard input is one file only: name the others by their paths");
+    throw CLI::ValidationError("standard input can be read only once: give the other files by path");
   }
   for (const std::string& argument : request.arguments) {
     if (argument != standard_input && argument.find('=') == std::string::npos) {
-      throw CLI::ValidationError("an argument is NAME=VALUE, or - for an object on standard input, not " + argument);
+      throw CLI::ValidationError("an argument must be NAME=VALUE, or - to read an object from standard input, not " +
+                                 argument);
     }
   }
 }

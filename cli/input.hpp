@@ -48,7 +48,7 @@ class Input {
   /// and none once `stop` is raised. Throws std::system_error. Precondition: `room` is not empty.
   [[nodiscard]] std::size_t read(std::span<char> room, const StopSignal* stop = nullptr);
 
-  /// What differs once a file has been written to; always the same for what is no file. Throws std::system_error.
+  /// What differs once a file has been written to; always the same for anything but a file. Throws std::system_error.
   [[nodiscard]] Written last_written() const;
 
  private:

@@ -55,7 +55,7 @@ KeywordArguments load_context(const std::string& path) {
     throw UnusableFile(path, error.message());
   }
   if (!context.is_mapping()) {
-    throw UnusableFile(path, "a context is a JSON object, whose entries are the context items");
+    throw UnusableFile(path, "the context must be a JSON object whose entries are the context items");
   }
   for (const auto& [name, value] : context.mapping()) {
     items.append(name, KeywordArgument::context(std::make_shared<const Value>(value)));

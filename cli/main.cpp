@@ -27,17 +27,18 @@ struct Command {
 };
 
 constexpr std::array commands = {
-    Command{"admit", "Admit requests, a line each, and show the keywords that their handlers would get", declare_admit},
-    Command{"missing", "Say what calls lack that their actions need", declare_missing},
-    Command{"default", "Look up what calls get for parameters that they leave out", declare_default},
-    Command{"explain", "Show for reading what becomes of one request, and why", declare_explain},
-    Command{"check", "Name all that is wrong or doubtful in a registry", declare_check},
+    Command{"admit", "Admit requests, one per line, and show the keywords that their handlers would get",
+            declare_admit},
+    Command{"missing", "Show which required parameters calls leave out", declare_missing},
+    Command{"default", "Look up the values that calls get for parameters they leave out", declare_default},
+    Command{"explain", "Show, for a person to read, what becomes of one request and why", declare_explain},
+    Command{"check", "Report everything that is wrong or doubtful in a registry", declare_check},
     Command{"schema", "Show the tools as their callers are told of them, with a JSON Schema each", declare_schema},
     Command{"import", "Make a registry of a list of tools with their JSON Schemas", declare_import},
 };
 
 constexpr const char* closing_words =
-    "Answers go to standard output, a line each; everything else to standard error.\n"
+    "Answers go to standard output, one per line; everything else to standard error.\n"
     "Exit status: 0 all answered, 1 some request refused or tool left out, 2 wrong usage or an unusable registry,\n"
     "context or list, 3 input or output failed. A reader that closes the pipe ends the run with the status so far.";
 

@@ -1,21 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "members.hpp"
 
-#include <array>
-#include <cstddef>
 #include <string>
 
 namespace tool_binding::cli {
 
 namespace {
 
-/// What a person calls each kind of value, in the order of `Kind`.
-constexpr std::array<std::string_view, 7> kind_words = {"null", "a boolean", "a number", "a number",
-                                                        "text", "a list",    "an object"};
-
 [[noreturn]] void refuse(const std::string& what, std::string_view wanted, const Value& value) {
-  const std::string_view sent = kind_words.at(static_cast<std::size_t>(value.kind()));
-  throw NoRequest(what + " must be " + std::string(wanted) + ", and is " + std::string(sent));
+  throw InvalidRequest(what + " must be " + std::string(wanted) + ", not " + std::string(kind_words(value.kind())));
 }
 
 std::string quoted(std::string_view name) { return "'" + std::string(name) + "'"; }
@@ -29,7 +22,7 @@ const Value* given(const ArgumentMap& members, const Text& name) {
 const Value& required(const ArgumentMap& members, const Text& name) {
   const Value* const found = given(members, name);
   if (found == nullptr) {
-    throw NoRequest(quoted(name) + " is left out");
+    throw InvalidRequest(quoted(name) + " is missing");
   }
   return *found;
 }

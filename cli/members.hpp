@@ -10,16 +10,16 @@
 /// are ignored.
 namespace tool_binding::cli {
 
-/// A line that is well-formed JSON and no request.
-class NoRequest : public ValueError {
+/// A line that is well-formed JSON but not a request.
+class InvalidRequest : public ValueError {
  public:
   using ValueError::ValueError;
 };
 
-/// The members of a line. Throws NoRequest for a line that is no object.
+/// The members of a line. Throws InvalidRequest for a line that is not an object.
 [[nodiscard]] const ArgumentMap& members_of(const Value& line);
 
-/// Each throws NoRequest for a member of another kind, and for a required one that is left out.
+/// Each throws InvalidRequest for a member of another kind, and for a required one that is left out.
 [[nodiscard]] Text required_text(const ArgumentMap& members, const Text& name);
 [[nodiscard]] std::optional<Text> optional_text(const ArgumentMap& members, const Text& name);
 [[nodiscard]] Value required_object(const ArgumentMap& members, const Text& name);

@@ -46,7 +46,7 @@ void ObjectWriter::add_bound(ArgumentMap bound, const Handler& handler, const Ke
   const std::size_t size_of_bound = out_.text().size() - begin_of_bound;
   first.end();
 
-  // The keywords begin with what is bound, unless a context item has taken the place of some of it.
+  // The keywords begin with what is bound, unless a context item has replaced some of it.
   const std::size_t count = bound.size();
   const KeywordArguments keywords = handler_kwargs(handler, std::move(bound), context);
   const auto behind_bound = keywords.begin() + static_cast<std::ptrdiff_t>(count);
@@ -62,8 +62,8 @@ void ObjectWriter::add_bound(ArgumentMap bound, const Handler& handler, const Ke
 }
 
 void ObjectWriter::add_entries(const KeywordArguments& keywords, std::size_t first) {
-  for (std::size_t place = first; place < keywords.size(); ++place) {
-    const auto& [name, argument] = keywords[place];
+  for (std::size_t index = first; index < keywords.size(); ++index) {
+    const auto& [name, argument] = keywords[index];
     add(name, argument.is_context() ? argument.item<const Value>() : argument.value());
   }
 }

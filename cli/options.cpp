@@ -34,7 +34,7 @@ void add_lines_argument(CLI::App& command, Files& files, const std::string& name
   command.callback([&files] {
     const std::array paths = {files.registry, files.context, files.lines};
     if (std::count(paths.begin(), paths.end(), standard_input) > 1) {
-      throw CLI::ValidationError("standard input is one file only: name the others by their paths");
+      throw CLI::ValidationError("standard input can be read only once: give the other files by path");
     }
   });
 }

@@ -2,7 +2,6 @@
 #include "reasons.hpp"
 
 #include <algorithm>
-#include <array>
 #include <vector>
 
 #include "tool_binding/json/writer.hpp"
@@ -13,12 +12,6 @@ namespace tool_binding::cli {
 namespace {
 
 using Found = Finding::Kind;
-
-/// What a person calls each kind of value, in the order of `Kind`.
-constexpr std::array<std::string_view, 7> kind_words = {"null", "a boolean", "an integer", "a floating number",
-                                                        "text", "a list",    "an object"};
-
-std::string_view words_for(const Value& value) { return kind_words.at(static_cast<std::size_t>(value.kind())); }
 
 /// Whether two values read alike, as two that are not numbers do.
 bool are_alike(const Value& left, const Value& right) {
@@ -57,7 +50,7 @@ std::string change(const ParamSpec* param, const Value& sent, const Value& becam
   if (sent.kind() == became.kind()) {
     return "items read as text";
   }
-  return std::string(words_for(sent)).append(" read as ").append(words_for(became));
+  return std::string(kind_words(sent.kind())).append(" read as ").append(kind_words(became.kind()));
 }
 
 std::string joined(const std::vector<std::string>& reasons) {

@@ -33,7 +33,7 @@ Refusal refusal_of(const Error& error, std::size_t line_number) {
   if (const auto* const fault = dynamic_cast<const json::ParseError*>(&error)) {
     return {"ValueError", placed_message(line_number, *fault), Refusal::Code::parse_error};
   }
-  if (is<NoRequest>(error)) {
+  if (is<InvalidRequest>(error)) {
     return {"ValueError", place(line_number).append(error.message()), Refusal::Code::invalid_request};
   }
   if (is<KeyError>(error)) {

@@ -12,7 +12,7 @@ namespace {
 
 void require(const ArgumentMap& members, const Text& name, std::string_view wanted) {
   if (required_text(members, name) != wanted) {
-    throw NoRequest("'" + std::string(name) + "' must be '" + std::string(wanted) + "'");
+    throw InvalidRequest("'" + std::string(name) + "' must be '" + std::string(wanted) + "'");
   }
 }
 

@@ -32,10 +32,10 @@ struct Call {
 /// A line that has a member "jsonrpc" is meant as JSON-RPC, whatever else it has.
 [[nodiscard]] Envelope envelope_of(const Value& line);
 
-/// The same for a line that is no JSON, as far as its beginning tells.
+/// The same for a line that is not JSON, as far as its beginning tells.
 [[nodiscard]] Envelope envelope_of_ill_formed(std::string_view line);
 
-/// Throws NoRequest for a line that is no request of that shape.
+/// Throws InvalidRequest for a line that is not a request of that shape.
 [[nodiscard]] Call read_call(const Value& line, Shape shape);
 
 }  // namespace tool_binding::cli

@@ -57,7 +57,7 @@ class Shown {
     require(read.ec == std::errc() && read.ptr == form.data() + form.size(), "a number is shown as one", form);
     require(std::isnan(number) ? std::isnan(shown) : shown == number, "a number reads back as itself", form);
     require(std::isnan(number) || std::signbit(shown) == std::signbit(number), "a number keeps its sign", form);
-    require(form.find_first_of(".en") != std::string_view::npos, "a floating number is no integer", form);
+    require(form.find_first_of(".en") != std::string_view::npos, "a floating number is not an integer", form);
     const double magnitude = std::fabs(number);
     const bool usual = magnitude == 0 || (magnitude >= 1e-4 && magnitude < 1e16) || !std::isfinite(number);
     require(usual == (form.find('e') == std::string_view::npos), "an exponent stands only where it is needed", form);
@@ -77,7 +77,7 @@ class Shown {
     const text::CodePoint next = text::next_code_point(rest_);
     rest_.remove_prefix(next.size);
     require(text::is_printable(next.value) && next.value != static_cast<unsigned char>(quote),
-            "what stands unchanged is printable and no quote", rest_);
+            "what is left unchanged is printable and not a quote", rest_);
     return next.value == U'\\' ? take_escape(quote) : next.value;
   }
 

@@ -76,7 +76,8 @@ void check(Choices choices) {
   const Text lower = text::lower_case(letters);
   require(lower == lowered(letters), "each code point is lowered", letters);
   require(text::lower_case(lower) == lower, "what is in lower case stays", letters);
-  require(types::read_bool(letters) == types::read_bool(text::lower_case(strip)), "a truth word has no case", letters);
+  require(types::read_bool(letters) == types::read_bool(text::lower_case(strip)),
+          "case does not matter in a truth word", letters);
 }
 
 }  // namespace

@@ -112,7 +112,7 @@ std::vector<Text> draw_names(Choices& choices, std::size_t most) {
   return names;
 }
 
-/// Seldom what is no bound.
+/// Seldom something that is not a bound.
 Value draw_bound(Choices& choices) {
   return choices.below(32) == 31 ? draw_value(choices, 1) : (choices.flag() ? draw_number(choices) : Value());
 }

@@ -8,7 +8,7 @@
 
 /// Registries and requests of which every name, synonym, enumeration, default and argument is drawn from one small
 /// pool, so that what is declared in one place crosses what is declared or sent in another all the time. A registry may
-/// contradict itself in any way: names that stand twice, types that are none, bounds that are no numbers.
+/// contradict itself in any way: names that stand twice, unknown types, bounds that are not numbers.
 namespace tool_binding::fuzz {
 
 /// Up to three tools, of different names.

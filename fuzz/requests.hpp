@@ -13,7 +13,7 @@ namespace tool_binding::fuzz {
 [[nodiscard]] ArgumentMap make_request(Choices& choices, const ToolDeclaration& tool);
 
 /// Whether what admission hands out has its parameter's type and passes it again as it is. It need not where the
-/// registry contradicts itself: a minimum above the maximum, a bound that is no value of its parameter's type, an
+/// registry contradicts itself: a minimum above the maximum, a bound that is not of its parameter's type, an
 /// action that requests cannot name, a name declared twice or one that admission keeps for itself.
 [[nodiscard]] bool is_consistent(const ToolDeclaration& tool);
 

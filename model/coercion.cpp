@@ -34,8 +34,8 @@ struct Numeral {
 
   /// Digits of any script, with one "_" between two of them at most. Whether there are any.
   bool take_digits() {
-    const auto digit_at = [this](std::size_t place) {
-      return place < rest.size() ? text::decimal_digit(rest[place]) : -1;
+    const auto digit_at = [this](std::size_t position) {
+      return position < rest.size() ? text::decimal_digit(rest[position]) : -1;
     };
     if (digit_at(0) < 0) {
       return false;

@@ -20,12 +20,12 @@ template <class Mapped>
   return nullptr;
 }
 
-/// Sets `name` to `value`: in its place where the map holds the name, else as the last entry.
+/// Sets `name` to `value`: where the map holds the name, else as the last entry.
 template <class Mapped>
 void set(OrderedMap<Mapped>& map, const Text& name, const Mapped& value) {
-  for (std::size_t place = 0; place < map.size(); ++place) {
-    if (map[place].name == name) {
-      map.replace_at(place, value);
+  for (std::size_t index = 0; index < map.size(); ++index) {
+    if (map[index].name == name) {
+      map.replace_at(index, value);
       return;
     }
   }

@@ -2,7 +2,7 @@
 # Completion of tool-binding for fish.
 
 complete -c tool-binding -n __fish_use_subcommand -f -a admit -d 'Admit requests'
-complete -c tool-binding -n __fish_use_subcommand -f -a missing -d 'Say what calls lack that their actions need'
+complete -c tool-binding -n __fish_use_subcommand -f -a missing -d 'Show which required parameters calls leave out'
 complete -c tool-binding -n __fish_use_subcommand -f -a default -d 'Look up what calls get for what they leave out'
 complete -c tool-binding -n __fish_use_subcommand -f -a explain -d 'Show what becomes of one request, and why'
 complete -c tool-binding -n __fish_use_subcommand -f -a check -d 'Name what is wrong or doubtful in a registry'

@@ -110,7 +110,7 @@ Descriptor::~Descriptor() {
 
 std::string path_below(const std::filesystem::path& root, std::string_view asked) {
   if (asked.find('\0') != std::string_view::npos) {
-    refuse(asked, "is no path");
+    refuse(asked, "is not a path");
   }
   std::vector<std::string> parts;
   for (const std::filesystem::path& part : without_root(root, asked)) {

@@ -40,12 +40,12 @@ struct Message {
 /// The id to answer to, null where the value has none that can be told.
 [[nodiscard]] tool_binding::Value id_of(const tool_binding::Value& value);
 
-/// The member of that name, null where there is none. Throws ProtocolError for one that is no text.
+/// The member of that name, null where there is none. Throws ProtocolError for one that is not text.
 [[nodiscard]] std::optional<tool_binding::Text> optional_text(const tool_binding::ArgumentMap& params,
                                                               std::string_view name);
 [[nodiscard]] tool_binding::Text required_text(const tool_binding::ArgumentMap& params, std::string_view name);
 
-/// The member of that name; the empty object for none, or null. Throws ProtocolError for one that is no object.
+/// The member of that name; the empty object for none, or null. Throws ProtocolError for one that is not an object.
 [[nodiscard]] tool_binding::ArgumentMap optional_object(const tool_binding::ArgumentMap& params, std::string_view name);
 
 [[nodiscard]] tool_binding::Value result_message(const tool_binding::Value& id, const tool_binding::Value& result);

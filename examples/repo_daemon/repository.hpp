@@ -16,7 +16,7 @@ namespace repo_daemon {
 /// that begins with ".", is listed or read; nor are links.
 class Repository {
  public:
-  /// Throws std::filesystem::filesystem_error or std::system_error for what is no directory that can be read.
+  /// Throws std::filesystem::filesystem_error or std::system_error for anything but a directory that can be read.
   explicit Repository(const std::filesystem::path& directory, const Limits& limits = {});
 
   /// The directory, absolute and without links.
@@ -34,7 +34,7 @@ class Repository {
   [[nodiscard]] std::string path_of(std::string_view asked) const { return path_below(root_, asked); }
 
   /// What is in a file, by its path from the root on. Throws ArgumentError, also for a file that is larger than the
-  /// limit or is no text.
+  /// limit or is not text.
   [[nodiscard]] std::string text_of(const std::string& path, const Deadline& deadline) const;
 
  private:

@@ -52,7 +52,7 @@ struct Range {
 };
 
 /// Control characters, and those of the Unicode Standard that are not seen, that direct the text around them or that
-/// end a line. The two joiners are no part of it: scripts and emoji are spelled with them.
+/// end a line. The two joiners are not part of it: scripts and emoji are spelled with them.
 constexpr Range deceptive[] = {{0x00, 0x1F},     {0x7F, 0x9F},     {0xAD, 0xAD},     {0x61C, 0x61C},
                                {0x180E, 0x180E}, {0x200B, 0x200B}, {0x200E, 0x200F}, {0x2028, 0x202E},
                                {0x2060, 0x206F}, {0xFEFF, 0xFEFF}, {0xFFF9, 0xFFFB}, {0xE0000, 0xE0FFF}};
@@ -62,7 +62,7 @@ bool is_deceptive(char32_t character) {
                      [&](const Range& range) { return range.first <= character && character <= range.last; });
 }
 
-/// A byte that is no UTF-8 is "\xe9", the character of that number "\u00e9".
+/// A byte that is not UTF-8 is "\xe9", the character of that number "\u00e9".
 std::string escape_of(char32_t character) {
   switch (character) {
     case '\t':

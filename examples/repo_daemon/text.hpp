@@ -29,7 +29,7 @@ class Lines {
 /// UTF-8 is taken alone, as U+DC00 and the byte: a surrogate, which no well-formed text holds.
 [[nodiscard]] char32_t take_character(std::string_view& text) noexcept;
 
-/// The text with U+FFFD for each byte that is no part of well-formed UTF-8, so that any reader of JSON takes it.
+/// The text with U+FFFD for each byte that is not part of well-formed UTF-8, so that any reader of JSON takes it.
 [[nodiscard]] std::string well_formed(std::string_view text);
 
 /// At most that many bytes of a text, cut between characters, with "…" where it goes on.
@@ -40,14 +40,14 @@ class Lines {
 /// and line separators, "\x1b" or "\u202e". A backslash stays as it is, since sources hold many.
 [[nodiscard]] std::string shown_line(std::string_view line);
 
-/// The name of a file or its path, whole. Tabs, backslashes and bytes that are no UTF-8 are escaped as well, so that no
-/// two names are shown alike.
+/// The name of a file or its path, whole. Tabs, backslashes and bytes that are not UTF-8 are escaped as well, so that
+/// no two names are shown alike.
 [[nodiscard]] std::string shown_name(std::string_view name);
 
 /// "1 file", "2 files"; or "0 entries", where the plural is not the noun and "s".
 [[nodiscard]] std::string counted(std::size_t count, std::string_view noun, std::string_view plural = {});
 
-/// "10 seconds", or "50 milliseconds" where the time is no whole number of seconds.
+/// "10 seconds", or "50 milliseconds" where the time is not a whole number of seconds.
 [[nodiscard]] std::string in_seconds(std::chrono::milliseconds time);
 
 /// The lines of an answer, up to a number of bytes that a caller can digest.

@@ -16,7 +16,7 @@ namespace repo_daemon {
 /// of those on the way is seen to its end.
 ///
 /// Every directory is opened from the one before it, which stays open meanwhile: the way to a file is gone once,
-/// however deep it stands, and cannot be led elsewhere. Neither links nor hidden names nor what is no file are seen.
+/// however deep it stands, and cannot be led elsewhere. Neither links nor hidden names nor anything but files is seen.
 /// Directories in which no pattern could match are not entered.
 class Walk {
  public:

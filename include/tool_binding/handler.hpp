@@ -121,7 +121,7 @@ using KeywordArguments = OrderedMap<KeywordArgument>;
 struct Parameter {
   enum class Kind : std::uint8_t {
     NAMED,           ///< receives the keyword argument of its own name
-    VAR_POSITIONAL,  ///< collects further positional values; its name is no keyword
+    VAR_POSITIONAL,  ///< collects further positional values; its name is not a keyword
     VAR_KEYWORD,     ///< collects any keyword argument
   };
 

@@ -45,7 +45,7 @@ struct MapEntry {
 /// An insertion-ordered map from name to `Mapped`, the map under `ArgumentMap` and `KeywordArguments`.
 ///
 /// Setting a name that is already held replaces the value and leaves the entry in its place; any other name is
-/// appended. Entries stand in one contiguous block. Up to `searched_in_a_row` of them are searched one by one; in a
+/// appended. Entries stand in one contiguous block. Up to `linear_search_limit` of them are searched one by one; in a
 /// larger map the first search makes an ordered index, so that n searches cost n log n whoever chose the names.
 /// Reading one map from several threads is safe, the making of that index included.
 template <class Mapped>
@@ -54,7 +54,7 @@ class OrderedMap {
   using Entry = MapEntry<Mapped>;
   using const_iterator = const Entry*;
 
-  static constexpr std::size_t searched_in_a_row = 16;
+  static constexpr std::size_t linear_search_limit = 16;
 
   OrderedMap() noexcept = default;
   OrderedMap(std::initializer_list<Entry> entries) {
@@ -123,7 +123,7 @@ class OrderedMap {
 
   /// The place of the entry of that name, `size()` when there is none: found one by one in any map, for the few
   /// searches that do not pay for an index.
-  [[nodiscard]] std::size_t place_in_a_row(const Text& name) const noexcept {
+  [[nodiscard]] std::size_t linear_search(const Text& name) const noexcept {
     std::size_t place = 0;
     while (place != size() && name != entries_[place].name) {
       ++place;
@@ -149,8 +149,8 @@ class OrderedMap {
   friend class OrderedMap;
 
   [[nodiscard]] std::size_t place_of(const Text& name) const {
-    if (entries_.size() <= searched_in_a_row) {
-      return place_in_a_row(name);
+    if (entries_.size() <= linear_search_limit) {
+      return linear_search(name);
     }
     const Index& index = made_index();
     const auto found = index.find(name);

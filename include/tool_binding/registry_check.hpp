@@ -32,7 +32,7 @@ struct RegistryEntry {
 struct RegistryFinding {
   enum class Kind : std::uint8_t {
     // errors
-    shape,              ///< what was read is no declaration; found by readers of files only
+    shape,              ///< what was read is not a declaration; found by readers of files only
     empty_name,         ///< of a tool, an action, a parameter or a synonym
     repeated_name,      ///< declared twice
     synonym_of_name,    ///< a synonym that is also a declared name
@@ -58,7 +58,7 @@ struct RegistryFinding {
     unmatched_value,        ///< an enumeration value that no argument can name
     shadowed_value,         ///< an enumeration value that is read as an earlier one
     kept_name,              ///< a parameter whose argument admission keeps for itself
-    unmatched_synonym,      ///< a synonym that names no action
+    unmatched_synonym,      ///< a synonym that no action can be reached by
     shadowed_synonym,       ///< a synonym that is read as another action
     keyword_without_taker,  ///< a bound name that the handler does not declare
     idle_items_type,        ///< a type of items that admission does not read them as

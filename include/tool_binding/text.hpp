@@ -23,7 +23,7 @@ namespace detail {
 /// An immutable text of 16 bytes that is copied without copying its content.
 ///
 /// A text is a sequence of Unicode code points held as UTF-8. Any bytes are accepted and travel unchanged: a lone
-/// surrogate stands in its three-byte form, and a byte that is no part of well-formed text counts as the lone
+/// surrogate stands in its three-byte form, and a byte that is not part of well-formed text counts as the lone
 /// surrogate U+DC00 + byte wherever code points are asked for. Texts of up to 15 bytes stand in the object itself,
 /// longer ones in a shared node. Equality and order are those of the bytes.
 class Text {

@@ -68,10 +68,10 @@ struct ParamSpec {
   /// The type word of an array's items; none leaves items as they come. Only "string" has an effect.
   std::optional<Text> items_type = {};
   /// The values that the parameter allows, as they are handed to the handler; matched without regard to case. Empty
-  /// for a parameter that is no enumeration.
+  /// for a parameter that is not an enumeration.
   std::vector<Text> enum_ = {};
   /// Inclusive bounds, an integer or a floating number each; null for none. A number beyond one is brought to it. With
-  /// a bound that is no number, a request that gives the parameter fails with TypeError.
+  /// a bound that is not a number, a request that gives the parameter fails with TypeError.
   Value minimum = {};
   Value maximum = {};
   /// What a request that leaves the parameter out gets.

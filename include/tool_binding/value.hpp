@@ -28,6 +28,10 @@ using ArgumentMap = OrderedMap<Value>;
 /// The seven kinds of a value. A boolean is never an integer, and an integer never a floating number.
 enum class Kind : std::uint8_t { null, boolean, integer, floating, text, list, mapping };
 
+/// What messages call a value of the kind, with its article where it has one: "null", "a boolean", "an integer",
+/// "a floating number", "text", "a list", and for a mapping "an object", as in JSON.
+[[nodiscard]] std::string_view kind_words(Kind kind) noexcept;
+
 /// A dynamic value as a request carries it, immutable, 16 bytes.
 ///
 /// Null, booleans, 64-bit integers, doubles and texts of up to 15 bytes stand in the object itself. Longer texts, wider
@@ -80,26 +84,26 @@ class Value {
   [[nodiscard]] bool is_list() const noexcept { return cell_.tag() == detail::Tag::list_node; }
   [[nodiscard]] bool is_mapping() const noexcept { return cell_.tag() == detail::Tag::mapping_node; }
 
-  /// The content. Each throws TypeError where the value is of another kind. Views and references live as long as this
-  /// object is neither assigned to, moved nor destroyed.
+  /// The content. Each throws TypeError where the value is of another kind: "the value is text '5', not an integer".
+  /// Views and references live as long as this object is neither assigned to, moved nor destroyed.
   [[nodiscard]] bool boolean() const {
-    require(is_boolean(), "boolean");
+    require(is_boolean(), Kind::boolean);
     return cell_.content<std::uint64_t>() != 0;
   }
   [[nodiscard]] Integer integer() const {
-    require(is_integer(), "integer");
+    require(is_integer(), Kind::integer);
     return Integer(cell_);
   }
   [[nodiscard]] double floating() const {
-    require(is_floating(), "floating number");
+    require(is_floating(), Kind::floating);
     return cell_.content<double>();
   }
   [[nodiscard]] std::string_view text() const {
-    require(is_text(), "text");
+    require(is_text(), Kind::text);
     return cell_.text();
   }
   [[nodiscard]] Text shared_text() const {
-    require(is_text(), "text");
+    require(is_text(), Kind::text);
     return Text(cell_);
   }
   [[nodiscard]] std::span<const Value> list() const;
@@ -132,12 +136,12 @@ class Value {
 
   explicit Value(const detail::Cell& cell) noexcept : cell_(cell) {}
 
-  static void require(bool holds, const char* wanted) {
+  void require(bool holds, Kind wanted) const {
     if (!holds) {
-      throw_no(wanted);
+      throw_wrong_kind(wanted);
     }
   }
-  [[noreturn]] static void throw_no(const char* wanted);
+  [[noreturn]] void throw_wrong_kind(Kind wanted) const;
 
   detail::Cell cell_;
 };

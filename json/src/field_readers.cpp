@@ -7,24 +7,6 @@ namespace tool_binding::json {
 
 namespace {
 
-struct KindWords {
-  Kind kind;
-  std::string_view words;
-};
-
-constexpr std::array<KindWords, 7> kind_words{{{Kind::null, "null"},
-                                               {Kind::boolean, "a boolean"},
-                                               {Kind::integer, "an integer"},
-                                               {Kind::floating, "a floating number"},
-                                               {Kind::text, "a text"},
-                                               {Kind::list, "a list"},
-                                               {Kind::mapping, "an object"}}};
-
-std::string_view words_for(Kind kind) {
-  return std::find_if(kind_words.begin(), kind_words.end(), [&](const KindWords& row) { return row.kind == kind; })
-      ->words;
-}
-
 struct ParameterKindWord {
   std::string_view word;
   Parameter::Kind kind;
@@ -39,7 +21,7 @@ constexpr std::array<ParameterKindWord, 3> parameter_kinds{{{"NAMED", Parameter:
 bool ShapeFaults::require(bool holds, std::string_view wanted, const Node& node, const std::string& place) {
   if (!holds) {
     std::string words = "must be ";
-    add(node, place, words.append(wanted).append(", not ").append(words_for(node.value.kind())));
+    add(node, place, words.append(wanted).append(", not ").append(kind_words(node.value.kind())));
   }
   return holds;
 }
@@ -50,11 +32,11 @@ std::string_view parameter_kind_word(Parameter::Kind kind) noexcept {
 }
 
 void read_field(ShapeFaults& faults, const Node& node, const std::string& place, FreeText& /*text*/) {
-  faults.require(node.value.is_text(), "a text", node, place);
+  faults.require(node.value.is_text(), "text", node, place);
 }
 
 void read_field(ShapeFaults& faults, const Node& node, const std::string& place, Text& text) {
-  if (faults.require(node.value.is_text(), "a text", node, place)) {
+  if (faults.require(node.value.is_text(), "text", node, place)) {
     text = node.value.shared_text();
   }
 }
@@ -80,7 +62,7 @@ void read_field(ShapeFaults& faults, const Node& node, const std::string& place,
 }
 
 void read_field(ShapeFaults& faults, const Node& node, const std::string& place, Parameter::Kind& kind) {
-  if (!faults.require(node.value.is_text(), "a text", node, place)) {
+  if (!faults.require(node.value.is_text(), "text", node, place)) {
     return;
   }
   for (const ParameterKindWord& row : parameter_kinds) {

@@ -69,7 +69,7 @@ std::string unknown_key(std::string_view name) {
   for (const Key<Record>& key : keys<Record>()) {
     names.push_back(key.name);
   }
-  return "is no known key" + did_you_mean(name, names);
+  return "is not a known key" + did_you_mean(name, names);
 }
 
 template <class Record>

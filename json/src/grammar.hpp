@@ -15,9 +15,9 @@ namespace tool_binding::json {
 inline constexpr std::size_t deepest_level = 1000;
 
 /// Walks the tokens of one text in the grammar of JSON (RFC 8259) and tells a builder what it meets:
-/// `open(place)`, `key(view, place)`, `scalar(content, place)`, `close_list()` and `close_mapping()`. A place is the
-/// byte in the text; the content is a Value or, for a text, a view that the builder must copy. Throws ParseError, and
-/// may leave the builder with containers that were never closed.
+/// `open(offset)`, `key(view, offset)`, `scalar(content, offset)`, `close_list()` and `close_mapping()`. An offset is
+/// the byte in the text; the content is a Value or, for a text, a view that the builder must copy. Throws ParseError,
+/// and may leave the builder with containers that were never closed.
 template <class Builder>
 class Grammar {
  public:
@@ -96,10 +96,10 @@ class Grammar {
 
   void take_key() {
     if (tokens_.first_of(next_) != '"') {
-      fail("a key between double quotes is missing");
+      fail("a key in double quotes is missing");
     }
-    const std::size_t place = tokens_.begin_of(next_);
-    builder_.key(read_text(tokens_, next_++, unescaped_), place);
+    const std::size_t offset = tokens_.begin_of(next_);
+    builder_.key(read_text(tokens_, next_++, unescaped_), offset);
     if (tokens_.first_of(next_) != ':') {
       fail("a colon is missing");
     }
@@ -110,11 +110,11 @@ class Grammar {
     if (next_ == tokens_.count()) {
       fail("a value is missing");
     }
-    const std::size_t place = tokens_.begin_of(next_);
+    const std::size_t offset = tokens_.begin_of(next_);
     if (tokens_.first_of(next_) == '"') {
-      builder_.scalar(read_text(tokens_, next_, unescaped_), place);
+      builder_.scalar(read_text(tokens_, next_, unescaped_), offset);
     } else {
-      builder_.scalar(read_number_or_word(tokens_, next_), place);
+      builder_.scalar(read_number_or_word(tokens_, next_), offset);
     }
     ++next_;
   }

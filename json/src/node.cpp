@@ -34,9 +34,9 @@ class NodeBuilder {
  public:
   explicit NodeBuilder(std::string_view text) : text_(text) {}
 
-  void open(std::size_t place) { opened_.push_back({line_at(place), nodes_.size(), names_.size()}); }
-  void key(std::string_view name, std::size_t /*place*/) { names_.emplace_back(name); }
-  void scalar(Value value, std::size_t place) { nodes_.push_back({std::move(value), line_at(place)}); }
+  void open(std::size_t offset) { opened_.push_back({line_at(offset), nodes_.size(), names_.size()}); }
+  void key(std::string_view name, std::size_t /*offset*/) { names_.emplace_back(name); }
+  void scalar(Value value, std::size_t offset) { nodes_.push_back({std::move(value), line_at(offset)}); }
 
   void close_list() {
     Node node = closed();
@@ -70,10 +70,10 @@ class NodeBuilder {
   }
 
   /// Places come in ascending order, so that the text is counted through once.
-  std::size_t line_at(std::size_t place) {
-    const std::string_view passed = text_.substr(counted_, place - counted_);
+  std::size_t line_at(std::size_t offset) {
+    const std::string_view passed = text_.substr(counted_, offset - counted_);
     line_ += static_cast<std::size_t>(std::count(passed.begin(), passed.end(), '\n'));
-    counted_ = place;
+    counted_ = offset;
     return line_;
   }
 

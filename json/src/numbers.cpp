@@ -92,8 +92,8 @@ double beyond_range(std::string_view spelling) noexcept {
   const std::string_view mantissa = spelling.substr(0, spelling.find_first_of("eE"));
   const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
   const std::size_t leading = mantissa.find_first_of("123456789");
-  const auto place = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(leading);
-  const double size = exponent_of(spelling) + place > 0 ? std::numeric_limits<double>::infinity() : 0.0;
+  const auto shift = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(leading);
+  const double size = exponent_of(spelling) + shift > 0 ? std::numeric_limits<double>::infinity() : 0.0;
   return spelling.front() == '-' ? -size : size;
 }
 
@@ -123,7 +123,7 @@ Value read_number(const Tokens& tokens, std::size_t token) {
     parts.take_digits();
   }
   if (!parts.at_end()) {
-    parts.fail("a number ends before this byte");
+    parts.fail("a number cannot continue with this byte");
   }
   return double_of(parts.spelling());
 }

@@ -16,11 +16,11 @@ bool touch(std::string_view left, std::string_view right) noexcept {
   return stands_within(left, right) || stands_within(right, left);
 }
 
-/// Adds what was judged of a file to the faults of its shape, each with its line, in the order of the lines. A thing
-/// that has the wrong shape is not judged as well: what stands in its stead is not from the file.
-void add_judged(std::vector<RegistryFinding>& findings, const Node& root, std::vector<RegistryFinding> judged) {
+/// Adds what was checked of a file to the faults of its shape, each with its line, in the order of the lines. A thing
+/// that has the wrong shape is not checked as well: what stands in its stead is not from the file.
+void add_checked(std::vector<RegistryFinding>& findings, const Node& root, std::vector<RegistryFinding> checked) {
   const std::vector<RegistryFinding> shape = findings;
-  for (RegistryFinding& finding : judged) {
+  for (RegistryFinding& finding : checked) {
     const auto is_beside = [&](const RegistryFinding& fault) {
       return is_error(finding.kind) ? !stands_within(finding.place, fault.place) : !touch(finding.place, fault.place);
     };
@@ -44,7 +44,7 @@ RegistryFile::RegistryFile(std::string_view text) {
   Node root = read_node(text);
   RegistryShape shape = read_shape(root);
   std::vector<RegistryFinding> faults = shape.faults;
-  add_judged(faults, root, registry_errors(shape.entries));
+  add_checked(faults, root, registry_errors(shape.entries));
   content_ = std::make_shared<const Content>(Content{std::move(root), std::move(shape), std::move(faults)});
 }
 
@@ -54,7 +54,7 @@ std::span<const RegistryFinding> RegistryFile::faults() const noexcept { return 
 
 std::vector<RegistryFinding> RegistryFile::check() const {
   std::vector<RegistryFinding> findings = content_->shape.faults;
-  add_judged(findings, content_->root, check_registry(content_->shape.entries));
+  add_checked(findings, content_->root, check_registry(content_->shape.entries));
   return findings;
 }
 

@@ -9,7 +9,7 @@
 
 namespace tool_binding::json {
 
-/// The places of the names that stand earlier in `names` already, in ascending order. The cost is n log n, whoever
+/// The indexes of the names that occur earlier in `names` too, in ascending order. The cost is n log n, whoever
 /// chose the names.
 [[nodiscard]] std::vector<std::size_t> repeated_names(std::span<const Text> names);
 

@@ -43,7 +43,7 @@ Value read_number_or_word(const Tokens& tokens, std::size_t token) {
   if (first == '-') {
     return read_number(tokens, token);
   }
-  tokens.fail(tokens.begin_of(token), separates(first) ? "a value is missing" : "no value is spelled like this");
+  tokens.fail(tokens.begin_of(token), separates(first) ? "a value is missing" : "this is not a valid value");
 }
 
 }  // namespace tool_binding::json

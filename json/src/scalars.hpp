@@ -13,8 +13,8 @@ namespace tool_binding::json {
 /// What the token spells, a number or one of the bare words. Throws ParseError for any other token.
 [[nodiscard]] Value read_number_or_word(const Tokens& tokens, std::size_t token);
 
-/// `content` with its escapes replaced: a view of itself where it has none, else into `unescaped`. `begin` is its place
-/// in the text. Throws ParseError for an escape that JSON does not know.
+/// `content` with its escapes replaced: a view of itself where it has none, else into `unescaped`. `begin` is its
+/// offset in the text. Throws ParseError for an escape that JSON does not know.
 [[nodiscard]] std::string_view replace_escapes(const Tokens& tokens, std::size_t begin, std::string_view content,
                                                std::string& unescaped);
 

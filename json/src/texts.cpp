@@ -36,46 +36,46 @@ bool is_first_half(std::uint32_t unit) noexcept { return unit >= 0xD800 && unit 
 bool is_second_half(std::uint32_t unit) noexcept { return unit >= 0xDC00 && unit < 0xE000; }
 
 /// Replaces the escapes of one text.
-class Unescaping {
+class Unescaper {
  public:
-  Unescaping(const Tokens& tokens, std::size_t begin, std::string_view content, std::string& out)
+  Unescaper(const Tokens& tokens, std::size_t begin, std::string_view content, std::string& out)
       : tokens_(tokens), begin_(begin), content_(content), out_(out) {}
 
   void run() {
     out_.clear();
     for (;;) {
-      const std::size_t backslash = content_.find('\\', place_);
-      out_.append(content_.substr(place_, backslash - place_));
+      const std::size_t backslash = content_.find('\\', offset_);
+      out_.append(content_.substr(offset_, backslash - offset_));
       if (backslash == std::string_view::npos) {
         return;
       }
-      place_ = backslash;
+      offset_ = backslash;
       take_escape();
     }
   }
 
  private:
   void take_escape() {
-    const char letter = content_[place_ + 1];
+    const char letter = content_[offset_ + 1];
     if (letter == 'u') {
       return take_code_point();
     }
     for (const Escape& escape : escapes) {
       if (escape.letter == letter) {
         out_ += escape.meaning;
-        place_ += 2;
+        offset_ += 2;
         return;
       }
     }
-    tokens_.fail(begin_ + place_, "no escape is spelled like this");
+    tokens_.fail(begin_ + offset_, "this is not a valid escape sequence");
   }
 
   void take_code_point() {
     const std::uint32_t unit = take_code_unit();
     if (is_first_half(unit)) {
-      const std::optional<std::uint32_t> other = code_unit(content_.substr(place_));
+      const std::optional<std::uint32_t> other = code_unit(content_.substr(offset_));
       if (other && is_second_half(*other)) {
-        place_ += 2 + code_unit_digits;
+        offset_ += 2 + code_unit_digits;
         return append_code_point(out_, 0x10000 + ((unit - 0xD800) << 10U) + (*other - 0xDC00));
       }
     }
@@ -83,11 +83,11 @@ class Unescaping {
   }
 
   std::uint32_t take_code_unit() {
-    const std::optional<std::uint32_t> unit = code_unit(content_.substr(place_));
+    const std::optional<std::uint32_t> unit = code_unit(content_.substr(offset_));
     if (!unit) {
-      tokens_.fail(begin_ + place_, "after \\u stand four hexadecimal digits");
+      tokens_.fail(begin_ + offset_, "\\u must be followed by four hexadecimal digits");
     }
-    place_ += 2 + code_unit_digits;
+    offset_ += 2 + code_unit_digits;
     return *unit;
   }
 
@@ -95,7 +95,7 @@ class Unescaping {
   std::size_t begin_;
   std::string_view content_;
   std::string& out_;
-  std::size_t place_ = 0;
+  std::size_t offset_ = 0;
 };
 
 }  // namespace
@@ -105,7 +105,7 @@ std::string_view replace_escapes(const Tokens& tokens, std::size_t begin, std::s
   if (content.find('\\') == std::string_view::npos) {
     return content;
   }
-  Unescaping(tokens, begin, content, unescaped).run();
+  Unescaper(tokens, begin, content, unescaped).run();
   return unescaped;
 }
 

@@ -18,7 +18,7 @@ constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 constexpr std::size_t smallest_room = 4096;
 
 struct TextFault {
-  std::size_t place;
+  std::size_t offset;
   std::string_view words;
 };
 
@@ -26,18 +26,18 @@ struct TextFault {
 /// the byte behind it along wherever it stands, as it does for simdjson.
 TextFault first_text_fault(std::string_view bytes) noexcept {
   std::size_t opened = std::string_view::npos;
-  for (std::size_t place = 0; place < bytes.size(); ++place) {
-    const char byte = bytes[place];
+  for (std::size_t offset = 0; offset < bytes.size(); ++offset) {
+    const char byte = bytes[offset];
     if (opened != std::string_view::npos && static_cast<unsigned char>(byte) < 0x20) {
-      return {place, "a control character within a text must be escaped"};
+      return {offset, "a control character in a string must be escaped"};
     }
     if (byte == '"') {
-      opened = opened == std::string_view::npos ? place : std::string_view::npos;
+      opened = opened == std::string_view::npos ? offset : std::string_view::npos;
     } else if (byte == '\\') {
-      ++place;
+      ++offset;
     }
   }
-  return {opened, "the text that begins here is not closed"};
+  return {opened, "the string that begins here is not closed"};
 }
 
 }  // namespace
@@ -61,7 +61,7 @@ void Tokens::cut(std::string_view text) {
   std::memset(bytes_.get() + text.size(), 0, simdjson::SIMDJSON_PADDING);
   size_ = text.size();
   if (text.starts_with(byte_order_mark)) {
-    fail(0, "a byte order mark stands before the value");
+    fail(0, "the text begins with a byte order mark");
   }
   simdjson::internal::dom_parser_implementation& found = *indexer_->parser.implementation;
   const auto* const bytes = reinterpret_cast<const std::uint8_t*>(bytes_.get());
@@ -90,23 +90,23 @@ void Tokens::make_room(std::size_t size) {
 void Tokens::refuse() const {
   const std::size_t ill_formed = first_ill_formed(text());
   const TextFault fault = first_text_fault(text());
-  if (ill_formed < fault.place) {
-    fail(ill_formed, "this byte is no part of well-formed UTF-8");
+  if (ill_formed < fault.offset) {
+    fail(ill_formed, "this byte is not valid UTF-8");
   }
-  if (fault.place < size_) {
-    fail(fault.place, fault.words);
+  if (fault.offset < size_) {
+    fail(fault.offset, fault.words);
   }
   fail(size_, "a value is missing");
 }
 
-void Tokens::fail(std::size_t place, std::string_view words) const {
-  const std::size_t line_end = text().substr(0, place).rfind('\n');
+void Tokens::fail(std::size_t offset, std::string_view words) const {
+  const std::size_t line_end = text().substr(0, offset).rfind('\n');
   const std::size_t line_begin = line_end == std::string_view::npos ? 0 : line_end + 1;
-  throw ParseError(line_of(place), place - line_begin + 1, words);
+  throw ParseError(line_of(offset), offset - line_begin + 1, words);
 }
 
-std::size_t Tokens::line_of(std::size_t place) const noexcept {
-  return 1 + static_cast<std::size_t>(std::count(bytes_.get(), bytes_.get() + place, '\n'));
+std::size_t Tokens::line_of(std::size_t offset) const noexcept {
+  return 1 + static_cast<std::size_t>(std::count(bytes_.get(), bytes_.get() + offset, '\n'));
 }
 
 }  // namespace tool_binding::json

@@ -44,11 +44,11 @@ class Tokens {
     return {bytes_.get() + begin, end - begin};
   }
 
-  /// Throws the ParseError of a fault at the byte `place` of the text.
-  [[noreturn]] void fail(std::size_t place, std::string_view words) const;
+  /// Throws the ParseError of a fault at the byte `offset` of the text.
+  [[noreturn]] void fail(std::size_t offset, std::string_view words) const;
 
-  /// The line of the byte `place`, counted from 1.
-  [[nodiscard]] std::size_t line_of(std::size_t place) const noexcept;
+  /// The line of the byte `offset`, counted from 1.
+  [[nodiscard]] std::size_t line_of(std::size_t offset) const noexcept;
 
  private:
   struct Indexer;

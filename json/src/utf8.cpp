@@ -24,8 +24,8 @@ constexpr std::array<SequenceRow, 8> sequence_rows{{{0xC2, 0xDF, 0x80, 0xBF, 2},
                                                     {0xF1, 0xF3, 0x80, 0xBF, 4},
                                                     {0xF4, 0xF4, 0x80, 0x8F, 4}}};
 
-unsigned char byte_at(std::string_view text, std::size_t place) noexcept {
-  return static_cast<unsigned char>(text[place]);
+unsigned char byte_at(std::string_view text, std::size_t offset) noexcept {
+  return static_cast<unsigned char>(text[offset]);
 }
 
 bool continues(unsigned char byte) noexcept { return (byte & 0xC0U) == 0x80U; }
@@ -34,8 +34,8 @@ bool matches(const SequenceRow& row, std::string_view text) noexcept {
   if (text.size() < row.size || byte_at(text, 1) < row.second_low || byte_at(text, 1) > row.second_high) {
     return false;
   }
-  for (std::size_t place = 2; place < row.size; ++place) {
-    if (!continues(byte_at(text, place))) {
+  for (std::size_t offset = 2; offset < row.size; ++offset) {
+    if (!continues(byte_at(text, offset))) {
       return false;
     }
   }
@@ -63,12 +63,12 @@ bool begins_with_surrogate(std::string_view text) noexcept {
 }
 
 std::size_t first_ill_formed(std::string_view text) noexcept {
-  for (std::size_t place = 0; place < text.size();) {
-    const std::size_t size = sequence_size(text.substr(place));
+  for (std::size_t offset = 0; offset < text.size();) {
+    const std::size_t size = sequence_size(text.substr(offset));
     if (size == 0) {
-      return place;
+      return offset;
     }
-    place += size;
+    offset += size;
   }
   return std::string_view::npos;
 }

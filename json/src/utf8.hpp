@@ -15,7 +15,7 @@ namespace tool_binding::json {
 /// Whether `text` begins with the three-byte form of a surrogate, which is not well-formed.
 [[nodiscard]] bool begins_with_surrogate(std::string_view text) noexcept;
 
-/// The place of the first byte that is no part of well-formed UTF-8, npos when there is none.
+/// The offset of the first byte that is not valid UTF-8, npos when there is none.
 [[nodiscard]] std::size_t first_ill_formed(std::string_view text) noexcept;
 
 /// Appends the UTF-8 of a code point, the three-byte form for a surrogate.

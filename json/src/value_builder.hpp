@@ -13,17 +13,17 @@
 
 namespace tool_binding::json {
 
-/// The mapping of `names` to `values`, place by place, which are moved from: of a repeated name the first place and the
-/// last value. `repeated` are the places that `repeated_names` finds.
+/// The mapping of `names` to `values`, one to one, which are moved from: of a repeated name the first position and the
+/// last value. `repeated` are the indexes that `repeated_names` finds.
 [[nodiscard]] inline ArgumentMap mapping_of(std::span<Text> names, std::span<Value> values,
                                             std::span<const std::size_t> repeated) {
   ArgumentMap entries;
   entries.reserve(names.size());
-  for (std::size_t place = 0; place < names.size(); ++place) {
+  for (std::size_t index = 0; index < names.size(); ++index) {
     if (repeated.empty()) {
-      entries.append(std::move(names[place]), std::move(values[place]));
+      entries.append(std::move(names[index]), std::move(values[index]));
     } else {
-      entries.set(std::move(names[place]), std::move(values[place]));
+      entries.set(std::move(names[index]), std::move(values[index]));
     }
   }
   return entries;
@@ -39,10 +39,10 @@ class ValueBuilder {
     opened_.clear();
   }
 
-  void open(std::size_t /*place*/) { opened_.push_back({values_.size(), names_.size()}); }
-  void key(std::string_view name, std::size_t /*place*/) { names_.emplace_back(name); }
+  void open(std::size_t /*offset*/) { opened_.push_back({values_.size(), names_.size()}); }
+  void key(std::string_view name, std::size_t /*offset*/) { names_.emplace_back(name); }
   template <class Content>
-  void scalar(Content&& content, std::size_t /*place*/) {
+  void scalar(Content&& content, std::size_t /*offset*/) {
     values_.emplace_back(std::forward<Content>(content));
   }
 

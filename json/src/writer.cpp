@@ -67,13 +67,13 @@ bool copy_short(char* out, const detail::Cell& cell, std::size_t size) noexcept 
 /// begin within the one before it.
 bool copy_long(char* out, std::string_view text) noexcept {
   const std::size_t last = text.size() - sizeof(Block);
-  for (std::size_t place = 0;; place = std::min(place + sizeof(Block), last)) {
-    const Block block = load(text.data() + place);
-    std::memcpy(out + place, &block, sizeof block);
+  for (std::size_t offset = 0;; offset = std::min(offset + sizeof(Block), last)) {
+    const Block block = load(text.data() + offset);
+    std::memcpy(out + offset, &block, sizeof block);
     if (!are_plain(block)) {
       return false;
     }
-    if (place == last) {
+    if (offset == last) {
       return true;
     }
   }
@@ -99,7 +99,7 @@ void append_escaped(std::string& out, char byte) {
 
 /// Appends what `text` begins with, a byte that is not plain, and returns how many bytes that was.
 std::size_t append_first(std::string& out, std::string_view text) {
-  const auto unit_bits = [&](std::size_t place) { return static_cast<unsigned char>(text[place]) & 0x3FU; };
+  const auto unit_bits = [&](std::size_t offset) { return static_cast<unsigned char>(text[offset]) & 0x3FU; };
   if (static_cast<unsigned char>(text.front()) < 0x80) {
     append_escaped(out, text.front());
     return 1;

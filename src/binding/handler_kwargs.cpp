@@ -35,7 +35,7 @@ void _add_context(KeywordArguments& keywords, const Handler& handler, const Keyw
     if (!takes_any && !_names(parameters, name)) {
       continue;
     }
-    if (const std::size_t place = keywords.place_in_a_row(name); place != keywords.size()) {
+    if (const std::size_t place = keywords.linear_search(name); place != keywords.size()) {
       keywords.replace_at(place, item);
     } else {
       keywords.append(name, item);

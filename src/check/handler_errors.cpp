@@ -86,35 +86,35 @@ std::string best_type(const ToolDeclaration& tool, const ParamSpec& param) {
   return call_without(tool, param) ? optional_of(type) : type;
 }
 
-/// Judges one handler's parameters, one after another.
-class JudgingTypes {
+/// Checks one handler's parameters, one after another.
+class HandlerChecker {
  public:
-  JudgingTypes(const ToolDeclaration& tool, const Signature& signature, const KeywordArguments* offered,
-               const std::string& place, RegistryFindings& findings)
+  HandlerChecker(const ToolDeclaration& tool, const Signature& signature, const KeywordArguments* offered,
+                 const std::string& place, RegistryFindings& findings)
       : tool_(tool), signature_(signature), offered_(offered), place_(place), findings_(findings) {}
 
-  void judge() {
+  void check() {
     for (std::size_t index = 0; index < signature_.parameters.size(); ++index) {
       const Parameter& parameter = signature_.parameters[index];
       here_ = item_place(member_place(place_, "parameters"), index);
       if (parameter.item != nullptr) {
-        judge_item(parameter);
+        check_item(parameter);
       } else if (parameter.type != nullptr) {
-        judge_argument(parameter.name, *parameter.type);
+        check_argument(parameter.name, *parameter.type);
       }
     }
     if (signature_.complete && !takes_rest()) {
-      judge_unlisted();
+      check_unlisted();
     }
   }
 
  private:
-  void judge_item(const Parameter& parameter);
-  void judge_argument(const Text& name, const ArgumentType& type);
-  void judge_kind(const ParamSpec& param, const ArgumentType& type, const Given& given);
-  void judge_texts(const Text& name, const std::vector<Text>& declared, const ArgumentType& type);
-  void judge_default(const Text& name, const Value& value, const ArgumentType& type);
-  void judge_unlisted();
+  void check_item(const Parameter& parameter);
+  void check_argument(const Text& name, const ArgumentType& type);
+  void check_kind(const ParamSpec& param, const ArgumentType& type, const Given& given);
+  void check_texts(const Text& name, const std::vector<Text>& declared, const ArgumentType& type);
+  void check_default(const Text& name, const Value& value, const ArgumentType& type);
+  void check_unlisted();
 
   void add(Fault kind, std::initializer_list<std::string_view> pieces) { findings_.add(kind, here_, pieces); }
 
@@ -142,7 +142,7 @@ class JudgingTypes {
   const KeywordArguments* offered_;
   const std::string& place_;
   RegistryFindings& findings_;
-  std::string here_;  ///< the place of the parameter that is judged
+  std::string here_;  ///< the place of the parameter being checked
 };
 
 std::vector<Text> names_of(const KeywordArguments& offered) {
@@ -153,7 +153,7 @@ std::vector<Text> names_of(const KeywordArguments& offered) {
 }
 
 /// The names that a call's bound arguments have.
-std::vector<Text> JudgingTypes::bound_names() const {
+std::vector<Text> HandlerChecker::bound_names() const {
   std::vector<Text> names;
   if (!tool_.actions.empty()) {
     names.emplace_back(ACTION_PARAM);
@@ -163,7 +163,7 @@ std::vector<Text> JudgingTypes::bound_names() const {
   return names;
 }
 
-void JudgingTypes::judge_item(const Parameter& parameter) {
+void HandlerChecker::check_item(const Parameter& parameter) {
   if (offered_ == nullptr) {
     return;
   }
@@ -176,27 +176,27 @@ void JudgingTypes::judge_item(const Parameter& parameter) {
   }
 }
 
-void JudgingTypes::judge_argument(const Text& name, const ArgumentType& type) {
+void HandlerChecker::check_argument(const Text& name, const ArgumentType& type) {
   const KeywordArgument* const offer = offered_ == nullptr ? nullptr : offered_->find(name);
   if (offer != nullptr && offer->is_context()) {
     add(Fault::item_type, {quoted(name), offer->item_type_name(), type.name()});
   } else if (offer != nullptr) {
-    judge_default(name, offer->value(), type);
+    check_default(name, offer->value(), type);
   } else if (name == ACTION_PARAM && !tool_.actions.empty()) {
     std::vector<Text> actions;
     std::transform(tool_.actions.begin(), tool_.actions.end(), std::back_inserter(actions),
                    [](const ActionSpec& action) { return action.name; });
-    judge_kind({.name = name, .type = "string", .enum_ = std::move(actions), .required = true}, type,
+    check_kind({.name = name, .type = "string", .enum_ = std::move(actions), .required = true}, type,
                *given_for("string"));
   } else if (const ParamSpec* const param = declared(name); param == nullptr) {
     add(Fault::undeclared_parameter, {quoted(name), did_you_mean_one_of(bound_names(), name)});
   } else if (const Given* const given = given_for(*param); given != nullptr) {
-    judge_kind(*param, type, *given);
+    check_kind(*param, type, *given);
   }
 }
 
 /// Whether the type takes whatever a call can give for the parameter.
-void JudgingTypes::judge_kind(const ParamSpec& param, const ArgumentType& type, const Given& given) {
+void HandlerChecker::check_kind(const ParamSpec& param, const ArgumentType& type, const Given& given) {
   const bool has_other_items =
       has_text_items(param) && type.items != nullptr && !type.items->kinds.contains(Kind::text);
   if (!type.kinds.contains(given.kind) || has_other_items) {
@@ -209,16 +209,16 @@ void JudgingTypes::judge_kind(const ParamSpec& param, const ArgumentType& type, 
   }
   const ArgumentType& one = type.items == nullptr ? type : *type.items;
   if (one.texts != nullptr) {
-    judge_texts(param.name, param.enum_, one);
+    check_texts(param.name, param.enum_, one);
   }
-  judge_default(param.name, param.default_, type);
+  check_default(param.name, param.default_, type);
   for (const ArgumentMap::Entry& entry : param.action_defaults) {
-    judge_default(param.name, entry.value, type);
+    check_default(param.name, entry.value, type);
   }
 }
 
 /// Whether an enumeration's type has a value for each text that the parameter allows.
-void JudgingTypes::judge_texts(const Text& name, const std::vector<Text>& declared, const ArgumentType& type) {
+void HandlerChecker::check_texts(const Text& name, const std::vector<Text>& declared, const ArgumentType& type) {
   if (declared.empty()) {
     add(Fault::open_enumeration, {quoted(name), type.name(), type.wanted()});
   }
@@ -229,13 +229,13 @@ void JudgingTypes::judge_texts(const Text& name, const std::vector<Text>& declar
   }
 }
 
-void JudgingTypes::judge_default(const Text& name, const Value& value, const ArgumentType& type) {
+void HandlerChecker::check_default(const Text& name, const Value& value, const ArgumentType& type) {
   if (!value.is_null() && !type.reads(value)) {
     add(Fault::argument_value, {quoted(name), quoted_form(value), type.name(), type.wanted()});
   }
 }
 
-void JudgingTypes::judge_unlisted() {
+void HandlerChecker::check_unlisted() {
   here_ = place_;
   for (const Text& name : bound_names()) {
     if (!is_listed(name)) {
@@ -248,9 +248,9 @@ void JudgingTypes::judge_unlisted() {
 
 }  // namespace
 
-void judge_types(const ToolDeclaration& tool, const Signature& signature, const KeywordArguments* offered,
+void check_types(const ToolDeclaration& tool, const Signature& signature, const KeywordArguments* offered,
                  const std::string& place, RegistryFindings& findings) {
-  JudgingTypes(tool, signature, offered, place, findings).judge();
+  HandlerChecker(tool, signature, offered, place, findings).check();
 }
 
 }  // namespace tool_binding

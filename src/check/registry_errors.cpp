@@ -32,31 +32,31 @@ std::vector<Text> type_words() {
   return words;
 }
 
-/// Judges one thing after another and collects the faults.
-class Judging {
+/// Checks one thing after another and collects the faults.
+class ErrorChecker {
  public:
-  explicit Judging(const KeywordArguments* offered) : offered_(offered) {}
+  explicit ErrorChecker(const KeywordArguments* offered) : offered_(offered) {}
 
-  void judge(std::span<const RegistryEntry> entries) {
+  void check(std::span<const RegistryEntry> entries) {
     Places tools;
     for (std::size_t index = 0; index < entries.size(); ++index) {
       const std::string place = item_place("tools", index);
       declare(tools, entries[index].tool.name, member_place(place, "name"));
-      judge_actions(entries[index].tool, place);
-      judge_params(entries[index].tool, place);
-      judge_handler(entries[index].tool, entries[index].handler.signature, member_place(place, "handler"));
+      check_actions(entries[index].tool, place);
+      check_params(entries[index].tool, place);
+      check_handler(entries[index].tool, entries[index].handler.signature, member_place(place, "handler"));
     }
   }
 
   [[nodiscard]] std::vector<RegistryFinding> take() { return findings_.take(); }
 
  private:
-  void judge_actions(const ToolDeclaration& tool, const std::string& place);
-  void judge_params(const ToolDeclaration& tool, const std::string& place);
-  void judge_synonyms(const std::vector<Text>& of_one, const std::string& place, const Places& names, Places& synonyms);
-  void judge_param(const ParamSpec& param, const std::string& place);
-  void judge_references(const ToolDeclaration& tool, const ParamSpec& param, const std::string& place);
-  void judge_handler(const ToolDeclaration& tool, const Signature& signature, const std::string& place);
+  void check_actions(const ToolDeclaration& tool, const std::string& place);
+  void check_params(const ToolDeclaration& tool, const std::string& place);
+  void check_synonyms(const std::vector<Text>& of_one, const std::string& place, const Places& names, Places& synonyms);
+  void check_param(const ParamSpec& param, const std::string& place);
+  void check_references(const ToolDeclaration& tool, const ParamSpec& param, const std::string& place);
+  void check_handler(const ToolDeclaration& tool, const Signature& signature, const std::string& place);
 
   /// Notes a declared name, which must be new among `names`.
   void declare(Places& names, const Text& name, std::string place) {
@@ -97,7 +97,7 @@ class Judging {
   RegistryFindings findings_;
 };
 
-void Judging::judge_actions(const ToolDeclaration& tool, const std::string& place) {
+void ErrorChecker::check_actions(const ToolDeclaration& tool, const std::string& place) {
   const auto action_place = [&](std::size_t index) { return item_place(member_place(place, "actions"), index); };
   Places names;
   Places synonyms;
@@ -105,14 +105,14 @@ void Judging::judge_actions(const ToolDeclaration& tool, const std::string& plac
     declare(names, tool.actions[index].name, member_place(action_place(index), "name"));
   }
   for (std::size_t index = 0; index < tool.actions.size(); ++index) {
-    judge_synonyms(tool.actions[index].synonyms, action_place(index), names, synonyms);
+    check_synonyms(tool.actions[index].synonyms, action_place(index), names, synonyms);
   }
   if (tool.default_action) {
     require_action(tool, *tool.default_action, member_place(place, "default_action"));
   }
 }
 
-void Judging::judge_params(const ToolDeclaration& tool, const std::string& place) {
+void ErrorChecker::check_params(const ToolDeclaration& tool, const std::string& place) {
   const auto param_place = [&](std::size_t index) { return item_place(member_place(place, "params"), index); };
   Places names;
   Places synonyms;
@@ -120,15 +120,15 @@ void Judging::judge_params(const ToolDeclaration& tool, const std::string& place
     declare(names, tool.params[index].name, member_place(param_place(index), "name"));
   }
   for (std::size_t index = 0; index < tool.params.size(); ++index) {
-    judge_synonyms(tool.params[index].synonyms, param_place(index), names, synonyms);
-    judge_param(tool.params[index], param_place(index));
-    judge_references(tool, tool.params[index], param_place(index));
+    check_synonyms(tool.params[index].synonyms, param_place(index), names, synonyms);
+    check_param(tool.params[index], param_place(index));
+    check_references(tool, tool.params[index], param_place(index));
   }
 }
 
 /// The synonyms of one parameter or action, which stands at `place`, among the declared names and earlier synonyms.
-void Judging::judge_synonyms(const std::vector<Text>& of_one, const std::string& place, const Places& names,
-                             Places& synonyms) {
+void ErrorChecker::check_synonyms(const std::vector<Text>& of_one, const std::string& place, const Places& names,
+                                  Places& synonyms) {
   const std::string synonyms_place = member_place(place, "synonyms");
   for (std::size_t index = 0; index < of_one.size(); ++index) {
     const Text& synonym = of_one[index];
@@ -145,7 +145,7 @@ void Judging::judge_synonyms(const std::vector<Text>& of_one, const std::string&
   }
 }
 
-void Judging::judge_param(const ParamSpec& param, const std::string& place) {
+void ErrorChecker::check_param(const ParamSpec& param, const std::string& place) {
   require_type(param.type, member_place(place, "type"));
   if (param.items_type) {
     require_type(*param.items_type, member_place(place, "items_type"));
@@ -157,7 +157,7 @@ void Judging::judge_param(const ParamSpec& param, const std::string& place) {
   }
 }
 
-void Judging::judge_references(const ToolDeclaration& tool, const ParamSpec& param, const std::string& place) {
+void ErrorChecker::check_references(const ToolDeclaration& tool, const ParamSpec& param, const std::string& place) {
   for (std::size_t index = 0; index < param.required_for.size(); ++index) {
     require_action(tool, param.required_for[index], item_place(member_place(place, "required_for"), index));
   }
@@ -166,13 +166,13 @@ void Judging::judge_references(const ToolDeclaration& tool, const ParamSpec& par
   }
 }
 
-void Judging::judge_handler(const ToolDeclaration& tool, const Signature& signature, const std::string& place) {
+void ErrorChecker::check_handler(const ToolDeclaration& tool, const Signature& signature, const std::string& place) {
   Places names;
   const std::string parameters_place = member_place(place, "parameters");
   for (std::size_t index = 0; index < signature.parameters.size(); ++index) {
     declare(names, signature.parameters[index].name, member_place(item_place(parameters_place, index), "name"));
   }
-  judge_types(tool, signature, offered_, place, findings_);
+  check_types(tool, signature, offered_, place, findings_);
 }
 
 }  // namespace
@@ -184,9 +184,9 @@ std::string did_you_mean_one_of(const std::vector<Text>& names, const Text& give
 }
 
 std::vector<RegistryFinding> registry_errors(std::span<const RegistryEntry> entries, const KeywordArguments* offered) {
-  Judging judging(offered);
-  judging.judge(entries);
-  return judging.take();
+  ErrorChecker checker(offered);
+  checker.check(entries);
+  return checker.take();
 }
 
 }  // namespace tool_binding

@@ -70,35 +70,35 @@ class ParameterAlone {
   ToolSpec tool_;
 };
 
-/// Judges one thing after another and collects the warnings.
-class Doubting {
+/// Checks one thing after another and collects the warnings.
+class WarningChecker {
  public:
-  void judge(std::span<const RegistryEntry> entries) {
+  void check(std::span<const RegistryEntry> entries) {
     require_at_most(most_tools, entries.size(), "tools", "tools");
     for (std::size_t index = 0; index < entries.size(); ++index) {
       const std::string place = item_place("tools", index);
-      judge_tool(entries[index].tool, place);
-      judge_actions(entries[index].tool, member_place(place, "actions"));
+      check_tool(entries[index].tool, place);
+      check_actions(entries[index].tool, member_place(place, "actions"));
       for (std::size_t param = 0; param < entries[index].tool.params.size(); ++param) {
-        judge_param(entries[index].tool, entries[index].tool.params[param],
+        check_param(entries[index].tool, entries[index].tool.params[param],
                     item_place(member_place(place, "params"), param));
       }
-      judge_handler(entries[index], member_place(place, "handler"));
+      check_handler(entries[index], member_place(place, "handler"));
     }
   }
 
   [[nodiscard]] std::vector<RegistryFinding> take() { return findings_.take(); }
 
  private:
-  void judge_tool(const ToolDeclaration& tool, const std::string& place);
-  void judge_actions(const ToolDeclaration& tool, const std::string& place);
-  void judge_param(const ToolDeclaration& tool, const ParamSpec& param, const std::string& place);
-  void judge_names(const ParamSpec& param, const std::string& place);
-  void judge_bounds(const ParamSpec& param, const std::string& place);
-  void judge_items(const ParamSpec& param, const std::string& place);
-  void judge_values(const ParameterAlone& alone, const ParamSpec& param, const std::string& place);
-  void judge_default(const ParameterAlone& alone, const Value& value, std::string place);
-  void judge_handler(const RegistryEntry& entry, const std::string& place);
+  void check_tool(const ToolDeclaration& tool, const std::string& place);
+  void check_actions(const ToolDeclaration& tool, const std::string& place);
+  void check_param(const ToolDeclaration& tool, const ParamSpec& param, const std::string& place);
+  void check_names(const ParamSpec& param, const std::string& place);
+  void check_bounds(const ParamSpec& param, const std::string& place);
+  void check_items(const ParamSpec& param, const std::string& place);
+  void check_values(const ParameterAlone& alone, const ParamSpec& param, const std::string& place);
+  void check_default(const ParameterAlone& alone, const Value& value, std::string place);
+  void check_handler(const RegistryEntry& entry, const std::string& place);
 
   void require_usual_name(const Text& name, const std::string& place) {
     if (!is_usual_name(name)) {
@@ -116,7 +116,7 @@ class Doubting {
 };
 
 /// How a tool looks to those who are told of it.
-void Doubting::judge_tool(const ToolDeclaration& tool, const std::string& place) {
+void WarningChecker::check_tool(const ToolDeclaration& tool, const std::string& place) {
   require_usual_name(tool.name, place);
   require_at_most(longest_description, text::count_code_points(tool.description), "characters",
                   member_place(place, "description"));
@@ -129,7 +129,7 @@ void Doubting::judge_tool(const ToolDeclaration& tool, const std::string& place)
 }
 
 /// A declared name is read as itself, and so is a synonym unless an earlier action takes it.
-void Doubting::judge_actions(const ToolDeclaration& tool, const std::string& place) {
+void WarningChecker::check_actions(const ToolDeclaration& tool, const std::string& place) {
   const ToolSpec spec(tool);
   for (std::size_t index = 0; index < tool.actions.size(); ++index) {
     const ActionSpec& action = tool.actions[index];
@@ -150,24 +150,24 @@ void Doubting::judge_actions(const ToolDeclaration& tool, const std::string& pla
   }
 }
 
-void Doubting::judge_param(const ToolDeclaration& tool, const ParamSpec& param, const std::string& place) {
-  judge_names(param, place);
-  judge_bounds(param, place);
-  judge_items(param, place);
+void WarningChecker::check_param(const ToolDeclaration& tool, const ParamSpec& param, const std::string& place) {
+  check_names(param, place);
+  check_bounds(param, place);
+  check_items(param, place);
   const bool has_bounds =
       (param.minimum.is_null() || is_number(param.minimum)) && (param.maximum.is_null() || is_number(param.maximum));
   if (is_reserved_name(param.name) || !has_bounds || type_row(param.type) == nullptr) {
-    return;  // admission would not judge it as it was meant
+    return;  // admission would not check it as it was meant
   }
   const ParameterAlone alone(tool, param);
-  judge_values(alone, param, member_place(place, "enum"));
-  judge_default(alone, param.default_, member_place(place, "default"));
+  check_values(alone, param, member_place(place, "enum"));
+  check_default(alone, param.default_, member_place(place, "default"));
   for (const auto& [action, value] : param.action_defaults) {
-    judge_default(alone, value, member_place(member_place(place, "action_defaults"), action));
+    check_default(alone, value, member_place(member_place(place, "action_defaults"), action));
   }
 }
 
-void Doubting::judge_names(const ParamSpec& param, const std::string& place) {
+void WarningChecker::check_names(const ParamSpec& param, const std::string& place) {
   if (is_reserved_name(param.name)) {
     findings_.add(Fault::kept_name, member_place(place, "name"), {quoted(param.name)});
   } else {
@@ -181,7 +181,7 @@ void Doubting::judge_names(const ParamSpec& param, const std::string& place) {
   }
 }
 
-void Doubting::judge_bounds(const ParamSpec& param, const std::string& place) {
+void WarningChecker::check_bounds(const ParamSpec& param, const std::string& place) {
   for (const auto& [name, bound] : {std::pair("minimum", &param.minimum), std::pair("maximum", &param.maximum)}) {
     if (is_nan(*bound)) {
       findings_.add(Fault::idle_bound, member_place(place, name), {quoted_form(*bound), "every number is within it"});
@@ -197,7 +197,7 @@ void Doubting::judge_bounds(const ParamSpec& param, const std::string& place) {
   }
 }
 
-void Doubting::judge_items(const ParamSpec& param, const std::string& place) {
+void WarningChecker::check_items(const ParamSpec& param, const std::string& place) {
   const bool is_read = param.type == "array" && param.items_type == Text("string");
   if (param.items_type && !is_read && type_row(*param.items_type) != nullptr) {
     findings_.add(Fault::idle_items_type, member_place(place, "items_type"), {quoted(*param.items_type)});
@@ -205,7 +205,7 @@ void Doubting::judge_items(const ParamSpec& param, const std::string& place) {
 }
 
 /// Each value is sent as the text that it is: whatever else a request sends must say the same.
-void Doubting::judge_values(const ParameterAlone& alone, const ParamSpec& param, const std::string& place) {
+void WarningChecker::check_values(const ParameterAlone& alone, const ParamSpec& param, const std::string& place) {
   const bool is_array = param.type == "array";
   for (std::size_t index = 0; index < param.enum_.size(); ++index) {
     const Text& value = param.enum_[index];
@@ -223,8 +223,8 @@ void Doubting::judge_values(const ParameterAlone& alone, const ParamSpec& param,
   }
 }
 
-/// Values are compared as they are shown: two that are no number are alike, 1 and 1.0 are not.
-void Doubting::judge_default(const ParameterAlone& alone, const Value& value, std::string place) {
+/// Values are compared as they are shown: two NaNs are alike, 1 and 1.0 are not.
+void WarningChecker::check_default(const ParameterAlone& alone, const Value& value, std::string place) {
   if (value.is_null()) {
     return;
   }
@@ -239,7 +239,7 @@ void Doubting::judge_default(const ParameterAlone& alone, const Value& value, st
   }
 }
 
-void Doubting::judge_handler(const RegistryEntry& entry, const std::string& place) {
+void WarningChecker::check_handler(const RegistryEntry& entry, const std::string& place) {
   if (entry.handler.signature.complete) {
     return;  // what it leaves out is an error
   }
@@ -261,9 +261,9 @@ void Doubting::judge_handler(const RegistryEntry& entry, const std::string& plac
 }  // namespace
 
 std::vector<RegistryFinding> registry_warnings(std::span<const RegistryEntry> entries) {
-  Doubting doubting;
-  doubting.judge(entries);
-  return doubting.take();
+  WarningChecker checker;
+  checker.check(entries);
+  return checker.take();
 }
 
 }  // namespace tool_binding

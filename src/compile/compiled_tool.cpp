@@ -26,8 +26,8 @@ ArgumentMap make_bound_defaults(const ToolDeclaration& declared) {
 
 NameIndex index_slots(const ArgumentMap& bound_defaults) {
   NameIndex slots;
-  for (std::uint32_t place = 0; place < bound_defaults.size(); ++place) {
-    slots.add(bound_defaults[place].name, place);
+  for (std::uint32_t index = 0; index < bound_defaults.size(); ++index) {
+    slots.add(bound_defaults[index].name, index);
   }
   return slots;
 }

@@ -19,7 +19,7 @@ struct CompiledParam {
   const ParamSpec* spec;
   const TypeRow* type;             ///< null for a type word that is none of the five
   bool items_are_texts;            ///< an array whose items are taken as texts
-  std::uint32_t slot;              ///< the place of its name in a bound map
+  std::uint32_t slot;              ///< the index of its name in a bound map
   std::vector<Text> lowered_enum;  ///< the enumeration in lower case, value for value
   FastPath fast_path;
 };
@@ -28,14 +28,14 @@ struct CompiledTool : ToolRecord {
   explicit CompiledTool(ToolDeclaration declaration);
 
   [[nodiscard]] const CompiledParam* param(const Text& name) const noexcept {
-    const std::uint32_t place = params.find(name);
-    return place == NameIndex::absent ? nullptr : &compiled_params[place];
+    const std::uint32_t index = params.find(name);
+    return index == NameIndex::absent ? nullptr : &compiled_params[index];
   }
 
   std::vector<CompiledParam> compiled_params;  ///< in declared order
-  std::vector<std::uint32_t> needed;           ///< the places of those that any call needs
+  std::vector<std::uint32_t> needed;           ///< the positions of those that any call needs
 
-  /// Every name that a bound map holds has a slot: its place in that map.
+  /// Every name that a bound map holds has a slot: its index in that map.
   NameIndex slots;
   ArgumentMap bound_defaults;  ///< the bound map of a request that gives nothing, but for the action that it runs
   /// By slot, the parameter that an argument of the slot's name gives; null for a reserved name.

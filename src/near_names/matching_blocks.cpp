@@ -51,7 +51,7 @@ MatchingBlocks::Block MatchingBlocks::longest_block(std::u32string_view candidat
       continue;
     }
     has_runs = true;
-    std::size_t run_before = 0;  // the run that ended one place earlier in both
+    std::size_t run_before = 0;  // the run that ended one position earlier in both
     for (std::size_t second = ranges.second_begin; second < ranges.second_end; ++second) {
       const std::size_t run = word_[second] == character ? run_before + 1 : 0;
       run_before = runs_[second + 1];

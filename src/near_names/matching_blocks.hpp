@@ -37,7 +37,7 @@ class MatchingBlocks {
 
   std::u32string_view word_;
   std::pmr::vector<Ranges> pending_;
-  std::pmr::vector<std::size_t> runs_;  ///< by place in the word, from 1: the common run that ends there
+  std::pmr::vector<std::size_t> runs_;  ///< by position in the word, from 1: the common run that ends there
   std::pmr::vector<char32_t> popular_;  ///< characters that no run passes through, sorted
 };
 

@@ -30,8 +30,8 @@ class Word {
       name.remove_prefix(next.size);
     }
     classes_ = detail::ClassSet(view());
-    for (std::size_t place = 0; place < std::min(size(), places_in_order); ++place) {
-      places_[detail::class_of(code_points_[place])] |= std::uint64_t{1} << place;
+    for (std::size_t position = 0; position < std::min(size(), positions_in_order); ++position) {
+      positions_[detail::class_of(code_points_[position])] |= std::uint64_t{1} << position;
     }
   }
 
@@ -44,23 +44,24 @@ class Word {
   }
 
   /// The same by their order: what is matched is a common subsequence. The length of the longest one is counted 64
-  /// places at once (Hyyrö's bit-parallel method); classes of characters stand for characters. Of a longer word, all
+  /// positions at once (Hyyrö's bit-parallel method); classes of characters stand for characters. Of a longer word, all
   /// further code points are taken to match.
   [[nodiscard]] std::size_t order_bound(std::u32string_view candidate) const noexcept {
     std::uint64_t unmatched = ~std::uint64_t{0};
     for (const char32_t character : candidate) {
-      const std::uint64_t matched = unmatched & places_[detail::class_of(character)];
+      const std::uint64_t matched = unmatched & positions_[detail::class_of(character)];
       unmatched = (unmatched + matched) | (unmatched - matched);
     }
-    return static_cast<std::size_t>(std::popcount(~unmatched)) + (std::max(size(), places_in_order) - places_in_order);
+    return static_cast<std::size_t>(std::popcount(~unmatched)) +
+           (std::max(size(), positions_in_order) - positions_in_order);
   }
 
  private:
-  static constexpr std::size_t places_in_order = 64;
+  static constexpr std::size_t positions_in_order = 64;
 
   std::pmr::vector<char32_t> code_points_;
   detail::ClassSet classes_;
-  std::array<std::uint64_t, detail::character_classes> places_ = {};  ///< of the word's first characters, by class
+  std::array<std::uint64_t, detail::character_classes> positions_ = {};  ///< of the word's first characters, by class
 };
 
 /// The best candidate so far. Similarities are compared as the fractions that they are.

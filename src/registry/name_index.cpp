@@ -17,7 +17,7 @@ bool NameIndex::add(const Text& name, std::uint32_t number) {
     return false;
   }
   reserve(1);
-  place({name, number});
+  insert({name, number});
   ++used_;
   return true;
 }
@@ -26,7 +26,7 @@ std::uint32_t NameIndex::find(std::string_view name) const noexcept {
   if (name.size() <= inline_text_size) {
     return find(Text(name));
   }
-  for (std::size_t at = place_of(name);; at = place_after(at)) {
+  for (std::size_t at = row_of(name);; at = row_after(at)) {
     if (rows_[at].number == absent || rows_[at].name == name) {
       return rows_[at].number;
     }
@@ -45,15 +45,15 @@ void NameIndex::grow_to(std::size_t size) {
   shift_ = 64 - std::countr_zero(rows_.size());
   for (Row& row : before) {
     if (row.number != absent) {
-      place(std::move(row));
+      insert(std::move(row));
     }
   }
 }
 
-void NameIndex::place(Row row) {
-  std::size_t at = place_of(cell_of(row.name));
+void NameIndex::insert(Row row) {
+  std::size_t at = row_of(cell_of(row.name));
   while (rows_[at].number != absent) {
-    at = place_after(at);
+    at = row_after(at);
   }
   rows_[at] = std::move(row);
 }

@@ -37,14 +37,14 @@ class NameIndex {
     std::uint32_t number = absent;
   };
 
-  [[nodiscard]] std::size_t place_of(const Cell& cell) const noexcept;
-  [[nodiscard]] std::size_t place_of(std::string_view long_name) const noexcept;
-  [[nodiscard]] std::size_t place_after(std::size_t at) const noexcept { return (at + 1) & (rows_.size() - 1); }
+  [[nodiscard]] std::size_t row_of(const Cell& cell) const noexcept;
+  [[nodiscard]] std::size_t row_of(std::string_view long_name) const noexcept;
+  [[nodiscard]] std::size_t row_after(std::size_t at) const noexcept { return (at + 1) & (rows_.size() - 1); }
   void grow_to(std::size_t size);
-  void place(Row row);
+  void insert(Row row);
 
   std::vector<Row> rows_;  ///< a power of two of them, at least half of them free
-  int shift_ = 63;         ///< what takes a hash of 64 bits to a place among them
+  int shift_ = 63;         ///< what takes a hash of 64 bits to an index among them
   std::size_t used_ = 0;
 };
 
@@ -53,19 +53,19 @@ class NameIndex {
 
 inline constexpr std::uint64_t golden_ratio = 0x9E3779B97F4A7C15;
 
-inline std::size_t NameIndex::place_of(std::string_view long_name) const noexcept {
+inline std::size_t NameIndex::row_of(std::string_view long_name) const noexcept {
   return (std::hash<std::string_view>{}(long_name)*golden_ratio) >> shift_;
 }
 
-inline std::size_t NameIndex::place_of(const Cell& cell) const noexcept {
+inline std::size_t NameIndex::row_of(const Cell& cell) const noexcept {
   if (cell.holds_node()) {
-    return place_of(cell.text());
+    return row_of(cell.text());
   }
   return ((cell.low() ^ std::rotl(cell.high(), 29)) * golden_ratio) >> shift_;
 }
 
 inline std::uint32_t NameIndex::find(const Text& name) const noexcept {
-  for (std::size_t at = place_of(cell_of(name));; at = place_after(at)) {
+  for (std::size_t at = row_of(cell_of(name));; at = row_after(at)) {
     if (name == rows_[at].name || rows_[at].number == absent) {
       return rows_[at].number;
     }

@@ -25,12 +25,12 @@ std::vector<Text> names_of(const std::vector<Record>& records) {
 /// Declared names come before all synonyms, so that a synonym never hides one.
 NameIndex index_params(const std::vector<ParamSpec>& params) {
   NameIndex index;
-  for (std::uint32_t place = 0; place < params.size(); ++place) {
-    index.add(params[place].name, place);
+  for (std::uint32_t position = 0; position < params.size(); ++position) {
+    index.add(params[position].name, position);
   }
-  for (std::uint32_t place = 0; place < params.size(); ++place) {
-    for (const Text& synonym : params[place].synonyms) {
-      index.add(synonym, place);
+  for (std::uint32_t position = 0; position < params.size(); ++position) {
+    for (const Text& synonym : params[position].synonyms) {
+      index.add(synonym, position);
     }
   }
   return index;
@@ -38,18 +38,18 @@ NameIndex index_params(const std::vector<ParamSpec>& params) {
 
 NameIndex index_actions(const std::vector<ActionSpec>& actions) {
   NameIndex index;
-  for (std::uint32_t place = 0; place < actions.size(); ++place) {
-    index.add(actions[place].name, place);
+  for (std::uint32_t position = 0; position < actions.size(); ++position) {
+    index.add(actions[position].name, position);
   }
   return index;
 }
 
 NameIndex index_lowered_actions(const std::vector<ActionSpec>& actions) {
   NameIndex index;
-  for (std::uint32_t place = 0; place < actions.size(); ++place) {
-    index.add(text::lower_case(actions[place].name), place);
-    for (const Text& synonym : actions[place].synonyms) {
-      index.add(text::lower_case(synonym), place);
+  for (std::uint32_t position = 0; position < actions.size(); ++position) {
+    index.add(text::lower_case(actions[position].name), position);
+    for (const Text& synonym : actions[position].synonyms) {
+      index.add(text::lower_case(synonym), position);
     }
   }
   return index;

@@ -22,9 +22,9 @@ struct ToolRecord {
   ToolDeclaration declared;
   std::vector<Text> param_names;   ///< in declared order
   std::vector<Text> action_names;  ///< in declared order
-  NameIndex params;                ///< declared names and synonyms to places among the parameters
-  NameIndex actions;               ///< declared names to places among the actions
-  NameIndex lowered_actions;       ///< names and synonyms in lower case to places among the actions
+  NameIndex params;                ///< declared names and synonyms to positions among the parameters
+  NameIndex actions;               ///< declared names to positions among the actions
+  NameIndex lowered_actions;       ///< names and synonyms in lower case to positions among the actions
 };
 
 /// Appends the refusal of an action that the tool does not declare.

@@ -24,8 +24,8 @@ std::span<const Text> ToolSpec::action_names() const noexcept { return record_->
 const std::optional<Text>& ToolSpec::default_action() const noexcept { return record_->declared.default_action; }
 
 const ParamSpec* ToolSpec::param(const Text& name) const noexcept {
-  const std::uint32_t place = record_->params.find(name);
-  return place == detail::NameIndex::absent ? nullptr : &params()[place];
+  const std::uint32_t index = record_->params.find(name);
+  return index == detail::NameIndex::absent ? nullptr : &params()[index];
 }
 
 const ActionSpec* ToolSpec::action(const Value& value) const { return record_->action(value); }

@@ -10,7 +10,7 @@ namespace tool_binding {
 
 struct ToolTable::Content {
   std::deque<ToolSpec> tools;
-  detail::NameIndex places;
+  detail::NameIndex indexes;
 };
 
 ToolTable::~ToolTable() { delete content_; }
@@ -19,17 +19,17 @@ void ToolTable::add(std::span<const ToolSpec> tools) {
   detail::NameIndex names;
   for (const ToolSpec& tool : tools) {
     if (find(tool.name()) != nullptr || !names.add(tool.name(), 0)) {
-      throw ValueError("a tool named '" + std::string(tool.name()) + "' is declared already");
+      throw ValueError("a tool named '" + std::string(tool.name()) + "' is already declared");
     }
   }
   if (content_ == nullptr) {
     content_ = new Content;
   }
-  auto place = static_cast<std::uint32_t>(content_->tools.size());
-  content_->places.reserve(tools.size());
+  auto index = static_cast<std::uint32_t>(content_->tools.size());
+  content_->indexes.reserve(tools.size());
   content_->tools.insert(content_->tools.end(), tools.begin(), tools.end());
   for (const ToolSpec& tool : tools) {  // fails no more: there is room
-    content_->places.add(tool.name(), place++);
+    content_->indexes.add(tool.name(), index++);
   }
 }
 
@@ -44,8 +44,8 @@ const ToolSpec* ToolTable::find(std::string_view name) const noexcept {
   if (content_ == nullptr) {
     return nullptr;
   }
-  const std::uint32_t place = content_->places.find(name);
-  return place == detail::NameIndex::absent ? nullptr : &content_->tools[place];
+  const std::uint32_t index = content_->indexes.find(name);
+  return index == detail::NameIndex::absent ? nullptr : &content_->tools[index];
 }
 
 const std::deque<ToolSpec>& ToolTable::all() const {

@@ -24,8 +24,8 @@ constexpr Lead leads[] = {
 
 constexpr std::size_t longest_sequence = 4;
 
-constexpr std::uint8_t byte_at(std::string_view text, std::size_t place) noexcept {
-  return static_cast<std::uint8_t>(text[place]);
+constexpr std::uint8_t byte_at(std::string_view text, std::size_t offset) noexcept {
+  return static_cast<std::uint8_t>(text[offset]);
 }
 
 constexpr CodePoint stray(std::uint8_t byte) noexcept { return {0xDC00U + byte, 1}; }
@@ -41,8 +41,8 @@ bool is_well_formed(std::string_view sequence, const Lead& lead) noexcept {
 
 char32_t value_of(std::string_view sequence) noexcept {
   char32_t value = byte_at(sequence, 0) & (0x7FU >> sequence.size());
-  for (std::size_t place = 1; place < sequence.size(); ++place) {
-    value = value << 6U | (byte_at(sequence, place) & 0x3FU);
+  for (std::size_t offset = 1; offset < sequence.size(); ++offset) {
+    value = value << 6U | (byte_at(sequence, offset) & 0x3FU);
   }
   return value;
 }

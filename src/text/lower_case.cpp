@@ -67,17 +67,17 @@ void append_lower(std::string& out, char32_t code_point, std::string_view bytes)
 std::string lower_any(std::string_view text) {
   std::string out;
   out.reserve(text.size());
-  for (std::size_t place = 0; place < text.size();) {
-    const auto [code_point, size] = next_code_point(text.substr(place));
-    if (is_ascii(text[place])) {
-      out += ascii_lower(text[place]);
+  for (std::size_t offset = 0; offset < text.size();) {
+    const auto [code_point, size] = next_code_point(text.substr(offset));
+    if (is_ascii(text[offset])) {
+      out += ascii_lower(text[offset]);
     } else if (code_point == capital_sigma) {
-      const bool final = ends_a_word(text.substr(0, place), text.substr(place + size));
+      const bool final = ends_a_word(text.substr(0, offset), text.substr(offset + size));
       append_code_point(out, final ? final_small_sigma : small_sigma);
     } else {
-      append_lower(out, code_point, text.substr(place, size));
+      append_lower(out, code_point, text.substr(offset, size));
     }
-    place += size;
+    offset += size;
   }
   return out;
 }
@@ -92,9 +92,9 @@ Text lower_ascii(std::string_view text) {
 std::optional<Text> lower_short(std::string_view text) noexcept {
   std::array<char, detail::inline_text_size> bytes;
   bool all_ascii = true;
-  for (std::size_t place = 0; place < text.size(); ++place) {
-    bytes[place] = ascii_lower(text[place]);
-    all_ascii = all_ascii && is_ascii(text[place]);
+  for (std::size_t offset = 0; offset < text.size(); ++offset) {
+    bytes[offset] = ascii_lower(text[offset]);
+    all_ascii = all_ascii && is_ascii(text[offset]);
   }
   return all_ascii ? std::optional<Text>(std::string_view(bytes.data(), text.size())) : std::nullopt;
 }

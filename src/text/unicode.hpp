@@ -4,8 +4,8 @@
 #include <array>
 #include <cstdint>
 
-/// Facts of the Unicode Character Database about single code points. Any 32-bit number may be asked about: what is no
-/// code point has no property.
+/// Facts of the Unicode Character Database about single code points. Any 32-bit number may be asked about: a number
+/// that is not a code point has no property.
 namespace tool_binding::text {
 
 /// What the functions below call for anything but ASCII.

@@ -110,13 +110,13 @@ std::optional<std::string> take_quoted(std::string_view& rest, const Notation& n
   rest.remove_prefix(1);
   std::string item;
   for (;;) {
-    const std::size_t place = rest.find_first_of({marks, sizeof marks});
-    if (place == std::string_view::npos) {
+    const std::size_t offset = rest.find_first_of({marks, sizeof marks});
+    if (offset == std::string_view::npos) {
       return std::nullopt;
     }
-    const char mark = rest[place];
-    item += rest.substr(0, place);
-    rest.remove_prefix(place + 1);
+    const char mark = rest[offset];
+    item += rest.substr(0, offset);
+    rest.remove_prefix(offset + 1);
     if (mark != quote) {
       if (!take_escape(rest, item)) {
         return std::nullopt;
@@ -195,7 +195,7 @@ bool is_blank(std::string_view text) noexcept { return text::is_blank(text); }
 bool parse_bool(std::string_view text) {
   const std::optional<bool> value = types::read_bool(text);
   if (!value) {
-    throw ValueError("the text is not a truth word: send true or false");
+    throw ValueError("the text is not a boolean: send true or false");
   }
   return *value;
 }

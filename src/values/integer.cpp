@@ -109,10 +109,10 @@ Integer Integer::from_decimal(std::string_view digits) {
 
 Integer Integer::truncated(double value) {
   if (std::isnan(value)) {
-    throw ValueError("not a number has no whole part");
+    throw ValueError("NaN has no integer part");
   }
   if (std::isinf(value)) {
-    throw std::overflow_error("an infinity has no whole part");
+    throw std::overflow_error("an infinity has no integer part");
   }
   if (value >= -beyond_int64 && value < beyond_int64) {
     return {static_cast<std::int64_t>(value)};

@@ -8,7 +8,7 @@
 namespace tool_binding {
 namespace {
 
-/// A list or mapping that is being written, and the place of its next item.
+/// A list or mapping that is being written, and the index of its next item.
 struct Level {
   const Value* container;
   std::size_t next;
@@ -46,14 +46,14 @@ void append_or_open(std::string& out, const Value& value, std::vector<Level>& le
 
 /// The next item of the innermost level, after its key has been written where it has one.
 const Value& next_item(std::string& out, Level& level) {
-  const std::size_t place = level.next++;
-  if (place != 0) {
+  const std::size_t index = level.next++;
+  if (index != 0) {
     out += ", ";
   }
   if (level.container->is_list()) {
-    return level.container->list()[place];
+    return level.container->list()[index];
   }
-  const ArgumentMap::Entry& entry = level.container->mapping()[place];
+  const ArgumentMap::Entry& entry = level.container->mapping()[index];
   append_quoted_text(out, entry.name);
   out += ": ";
   return entry.value;

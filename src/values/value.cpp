@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "tool_binding/errors.hpp"
+#include "values/forms.hpp"
 #include "values/nodes.hpp"
 
 namespace tool_binding {
@@ -12,6 +13,13 @@ namespace tool_binding {
 namespace {
 
 using detail::Tag;
+
+/// In the order of `Kind`.
+constexpr std::array<std::string_view, 7> words_of_kinds = {"null", "a boolean", "an integer", "a floating number",
+                                                            "text", "a list",    "an object"};
+
+/// A text of more bytes is not shown in a message about its kind.
+constexpr std::size_t longest_shown = 60;
 
 /// The node as a cell keeps it: a pointer to its head.
 detail::Node* head(detail::Node* node) noexcept { return node; }
@@ -51,8 +59,8 @@ bool same_items(std::span<const Value> left, std::span<const Value> right, std::
   if (left.size() != right.size()) {
     return false;
   }
-  for (std::size_t place = 0; place < left.size(); ++place) {
-    if (!same_so_far(left[place], right[place], later)) {
+  for (std::size_t index = 0; index < left.size(); ++index) {
+    if (!same_so_far(left[index], right[index], later)) {
       return false;
     }
   }
@@ -63,8 +71,8 @@ bool same_entries(const ArgumentMap& left, const ArgumentMap& right, std::vector
   if (left.size() != right.size()) {
     return false;
   }
-  for (std::size_t place = 0; place < left.size(); ++place) {
-    if (left[place].name != right[place].name || !same_so_far(left[place].value, right[place].value, later)) {
+  for (std::size_t index = 0; index < left.size(); ++index) {
+    if (left[index].name != right[index].name || !same_so_far(left[index].value, right[index].value, later)) {
       return false;
     }
   }
@@ -78,19 +86,28 @@ bool same_containers(const Value& left, const Value& right, std::vector<Pair>& l
 
 }  // namespace
 
+std::string_view kind_words(Kind kind) noexcept { return words_of_kinds[static_cast<std::size_t>(kind)]; }
+
 Value::Value(std::vector<Value> items) : cell_(Tag::list_node, head(new detail::ListNode(std::move(items)))) {}
 
 Value::Value(ArgumentMap entries) : cell_(Tag::mapping_node, head(new detail::MappingNode(std::move(entries)))) {}
 
-void Value::throw_no(const char* wanted) { throw TypeError(std::string("the value is no ") + wanted); }
+void Value::throw_wrong_kind(Kind wanted) const {
+  std::string message = "the value is ";
+  message.append(kind_words(kind()));
+  if (is_text() && text().size() <= longest_shown) {
+    append_quoted_form(message.append(" "), *this);
+  }
+  throw TypeError(message.append(", not ").append(kind_words(wanted)));
+}
 
 std::span<const Value> Value::list() const {
-  require(is_list(), "list");
+  require(is_list(), Kind::list);
   return static_cast<const detail::ListNode*>(cell_.node())->items;
 }
 
 const ArgumentMap& Value::mapping() const {
-  require(is_mapping(), "mapping");
+  require(is_mapping(), Kind::mapping);
   return static_cast<const detail::MappingNode*>(cell_.node())->entries;
 }
 

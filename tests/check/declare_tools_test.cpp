@@ -50,7 +50,7 @@ TEST(DeclareTools, RefusesAllOrNothingWithEveryError) {
               "tools[1].params[0].type: must be integer, number, boolean, string or array, not 'float'; did you mean "
               "'number'?\n"
               "tools[1].params[0].minimum: must be a number, not '1'\n"
-              "tools[1].name: 'third' is declared already at an earlier call");
+              "tools[1].name: 'third' is already declared at an earlier call");
     EXPECT_EQ(error.faults()[0].kind, RegistryFinding::Kind::type_word);
   }
   EXPECT_EQ(TOOLS.find("fourth"), nullptr);
@@ -83,7 +83,7 @@ TEST(CheckRegistry, TellsErrorsFromWarnings) {
   ASSERT_EQ(findings.size(), 3U);
   EXPECT_TRUE(is_error(findings[0].kind));
   EXPECT_FALSE(is_error(findings[1].kind));
-  EXPECT_EQ(findings[2].words, "takes neither 'repo' nor any keyword");
+  EXPECT_EQ(findings[2].words, "takes neither 'repo' nor arbitrary keywords");
 }
 
 }  // namespace

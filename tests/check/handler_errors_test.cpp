@@ -133,9 +133,9 @@ TEST(HandlerErrors, NameWhatIsListedAndNotDeclaredOrOfferedAndTheOtherWayRound) 
             "none");
   EXPECT_EQ(errors_of(tool, rest()), "none");
   EXPECT_EQ(errors_of(tool, argument<int>("actoin"), item<Store>("stroe"), item<Store>("engines"), rest()),
-            ".parameters[0]: 'actoin' is no declared parameter; did you mean 'action'?\n"
-            ".parameters[1]: 'stroe' is no context item that the daemon offers; did you mean 'store'?\n"
-            ".parameters[2]: 'engines' is no context item that the daemon offers");
+            ".parameters[0]: 'actoin' is not a declared parameter; did you mean 'action'?\n"
+            ".parameters[1]: 'stroe' is not a context item that the daemon offers; did you mean 'store'?\n"
+            ".parameters[2]: 'engines' is not a context item that the daemon offers");
   EXPECT_EQ(errors_of(tool, argument<std::string>("action")),
             ": does not list 'query', which the tool declares: list argument<std::optional<std::string>>(\"query\"), "
             "or rest()\n"
@@ -145,7 +145,7 @@ TEST(HandlerErrors, NameWhatIsListedAndNotDeclaredOrOfferedAndTheOtherWayRound) 
   EXPECT_EQ(
       errors_of(tool, item<Store>("file"), item<Store>("root"), argument<std::string>("store"), argument<int>("root"),
                 rest()),
-      ".parameters[3].name: 'root' is declared already at tools[0].handler.parameters[1].name\n"
+      ".parameters[3].name: 'root' is already declared at tools[0].handler.parameters[1].name\n"
       ".parameters[0]: 'file' is offered as handler_errors_test::FileStore, and taken as "
       "handler_errors_test::Store" +
           advice + "\n.parameters[1]: 'root' is offered as a value, and taken as handler_errors_test::Store" + advice +

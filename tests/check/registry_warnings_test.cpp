@@ -46,8 +46,8 @@ TEST(RegistryWarnings, DoubtHandlers) {
                                 .actions = {{.name = "a"}},
                                 .params = {{.name = "p", .type = "array"}, {.name = "q", .type = "array"}}};
   EXPECT_EQ(warnings_of(tool, {{{.name = "p"}, {.name = "q", .kind = Parameter::Kind::VAR_POSITIONAL}}}),
-            "tools[0].handler: takes neither 'action' nor any keyword\n"
-            "tools[0].handler: takes neither 'q' nor any keyword\n");
+            "tools[0].handler: takes neither 'action' nor arbitrary keywords\n"
+            "tools[0].handler: takes neither 'q' nor arbitrary keywords\n");
   EXPECT_EQ(warnings_of(tool, {{{.name = "q"}, {.name = "p"}, {.name = "action"}, {.name = "engines"}}}), "");
 }
 
@@ -72,13 +72,14 @@ TEST(RegistryWarnings, DoubtWhatCommonClientsRefuse) {
   };
   EXPECT_EQ(warnings_of({.name = "t", .description = description(1024), .params = numbered(100)}), "");
   EXPECT_EQ(warnings_of({.name = "web.t", .description = description(1025), .params = numbered(101)}),
-            "tools[0].name: 'web.t' is refused by common clients: they take 1 to 64 of A-Z, a-z, 0-9, _ and -\n"
-            "tools[0].description: 1025 characters are refused by common clients: they take no more than 1024\n"
-            "tools[0].params: 101 parameters are refused by common clients: they take no more than 100\n");
+            "tools[0].name: 'web.t' is refused by common clients: they accept 1 to 64 characters from A-Z, a-z, 0-9, _ "
+            "and -\n"
+            "tools[0].description: 1025 characters are too many for common clients: they accept at most 1024\n"
+            "tools[0].params: 101 parameters are too many for common clients: they accept at most 100\n");
   const ParamSpec many = {.name = "p", .type = "string", .enum_ = values};
   EXPECT_EQ(warnings_of({.name = "t", .params = {many}}), "");
   EXPECT_EQ(warnings_of({.name = "t", .actions = {{.name = "a"}}, .params = {many}}),
-            "tools[0]: 501 values of enumerations are refused by common clients: they take no more than 500\n");
+            "tools[0]: 501 values of enumerations are too many for common clients: they accept at most 500\n");
   std::vector<RegistryEntry> entries(128);
   for (std::size_t index = 0; index < entries.size(); ++index) {
     entries[index] = {{.name = "t" + std::to_string(index)}, {.signature = any_keyword, .function = {}}};
@@ -86,7 +87,7 @@ TEST(RegistryWarnings, DoubtWhatCommonClientsRefuse) {
   EXPECT_EQ(lines_for(registry_warnings(entries)), "");
   entries.push_back({{.name = "t"}, {.signature = any_keyword, .function = {}}});
   EXPECT_EQ(lines_for(registry_warnings(entries)),
-            "tools: 129 tools are refused by common clients: they take no more than 128\n");
+            "tools: 129 tools are too many for common clients: they accept at most 128\n");
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ TEST(Answers, AreGivenToLinesThatStandBadlyInATable) {
   const std::string failed = R"({"error": "ValueError", "message": "line 1: byte )";
   const std::vector<std::string> missing = {"missing", "--registry", registry()};
   expect_answer(missing, "{\"tool\": \"ping\"}\r\n", ping, "a carriage return");
-  expect_answer(missing, "{\"tool\": \"\xff\"}", failed + "11: this byte is no part of well-formed UTF-8\"}", "a byte");
+  expect_answer(missing, "{\"tool\": \"\xff\"}", failed + "11: this byte is not valid UTF-8\"}", "a byte");
   expect_answer(missing, std::string(1001, '['), failed + "1001: the text is nested deeper than 1,000 levels\"}",
                 "many levels");
   expect_answer({"admit", "--registry", registry()},

@@ -18,7 +18,7 @@ TEST(Check, NamesErrorsAndWarningsByTheirLines) {
   const Finished finished = run({"check", file});
   EXPECT_EQ(finished.out,
             file + ":3: warning: tools[0].params[0].default ('p' of t): '9' would become 9 if it were sent\n" + file +
-                ":4: error: tools[0].params[1].name ('p' of t): 'p' is declared already at tools[0].params[0].name\n" +
+                ":4: error: tools[0].params[1].name ('p' of t): 'p' is already declared at tools[0].params[0].name\n" +
                 file +
                 ":4: error: tools[0].params[1].type ('p' of t): must be integer, number, boolean, string or array, "
                 "not 'int'; did you mean 'integer'?\n" +
@@ -43,13 +43,13 @@ TEST(Check, NamesWhatStandsAroundAPlace) {
     {"name": "web.search", "actions": [{"name": "find"}, {"name": "find"}]},
     {"params": 5}], "tols": 1})");
   EXPECT_EQ(finished.out,
-            "standard input:2: error: tools[0].actions[1].name ('find' of web.search): 'find' is declared already at "
+            "standard input:2: error: tools[0].actions[1].name ('find' of web.search): 'find' is already declared at "
             "tools[0].actions[0].name\n"
             "standard input:2: warning: tools[0].name (web.search): 'web.search' is refused by common clients: they "
-            "take 1 to 64 of A-Z, a-z, 0-9, _ and -\n"
+            "accept 1 to 64 characters from A-Z, a-z, 0-9, _ and -\n"
             "standard input:3: error: tools[1].params: must be a list, not an integer\n"
             "standard input:3: error: tools[1].name: is missing\n"
-            "standard input:3: error: tols: is no known key; did you mean 'tools'?\n");
+            "standard input:3: error: tols: is not a known key; did you mean 'tools'?\n");
 }
 
 TEST(Check, DoubtsNothingWhereAShapeIsWrong) {

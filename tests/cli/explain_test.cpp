@@ -130,7 +130,7 @@ TEST(Explain, ReadsArgumentsFromStandardInput) {
   EXPECT_EQ(run(explain({"search", "-"}), "[1]").status, 2);
   EXPECT_EQ(run(explain({"search", "query"})).status, 2) << "no value";
   EXPECT_EQ(run(explain({"search", "-", "-"})).status, 2) << "standard input twice";
-  EXPECT_NE(run(explain({"serch"})).errors.find("no tool is named 'serch': it declares search, choose"),
+  EXPECT_NE(run(explain({"serch"})).errors.find("no tool is named 'serch': the registry declares search, choose"),
             std::string::npos);
 }
 

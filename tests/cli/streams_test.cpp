@@ -51,7 +51,7 @@ TEST(Streams, AnswerBlankLinesAndALastLineWithoutLineFeed) {
   for (const auto& question : questions()) {
     const Finished finished = run(question, "\n \t\r\n" + asked + "\n5\n" + asked);
     EXPECT_EQ(finished.out, refused("1: byte 1: a value is missing") + refused("2: byte 4: a value is missing") +
-                                answered + refused("4: a request must be an object, and is a number") + answered);
+                                answered + refused("4: a request must be an object, not an integer") + answered);
   }
 }
 
@@ -69,7 +69,7 @@ TEST(Streams, AnswerManyLinesInOrder) {
   for (int line = 1; line <= 60000; ++line) {
     input += line % 2 == 0 ? "5\n" : asked + "\n";
     expected += line % 2 == 0 ? R"({"error": "ValueError", "message": "line )" + std::to_string(line) +
-                                    ": a request must be an object, and is a number\"}\n"
+                                    ": a request must be an object, not an integer\"}\n"
                               : answered;
   }
   for (const auto& question : questions()) {

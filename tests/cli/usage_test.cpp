@@ -37,7 +37,7 @@ TEST(Usage, TellsByStatusWhatWentWrong) {
                       {"admit", 2, "--registry is required"},
                       {"missing" + with + " - admit", 2, "admit"},
                       {"admit --jobs -1" + with, 2, "--jobs"},
-                      {"admit --registry -", 2, "standard input is one file only"},
+                      {"admit --registry -", 2, "standard input can be read only once"},
                       {"default --registry " + faulty, 2, faulty + ": line 1: tools[0].params[0].type: "},
                       {"default --registry " + faulty, 2, "tool-binding: " + faulty + ": line 2: tools[1].name: "},
                       {"admit --registry " + file_of("{"), 2, ": line 1, byte 2: "},

@@ -33,7 +33,7 @@ TEST(LargeLines, AreAnsweredWhole) {
       run({"admit", "--registry", registry()}, begun + "\"}}\n" + begun + "\xFF\"}}\n" + begun + "\"}}");
   const std::string admitted = R"({"tool": "fetch", "arguments": {"url": ")" + ended;
   const std::string refused = R"({"error": "ValueError", "message": "line 2: byte )" +
-                              std::to_string(begun.size() + 1) + ": this byte is no part of well-formed UTF-8\"}\n";
+                              std::to_string(begun.size() + 1) + ": this byte is not valid UTF-8\"}\n";
   EXPECT_TRUE(finished.out == admitted + refused + admitted) << finished.out.size() << finished.errors;
 }
 

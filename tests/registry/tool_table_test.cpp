@@ -62,11 +62,11 @@ TEST(ToolTable, AddsSeveralToolsOrNone) {
   EXPECT_EQ(outcome_of([&] {
               return add({ToolSpec({.name = "c"}), a});
             }),
-            "ValueError: a tool named 'a' is declared already");
+            "ValueError: a tool named 'a' is already declared");
   EXPECT_EQ(outcome_of([&] {
               return add({ToolSpec({.name = "c"}), ToolSpec({.name = "c"})});
             }),
-            "ValueError: a tool named 'c' is declared already");
+            "ValueError: a tool named 'c' is already declared");
   EXPECT_EQ(name_in(tools, "c"), "KeyError: no tool is named 'c'");
   EXPECT_EQ(name_in(tools, "b"), "'b'");
   EXPECT_EQ(tools.all().size(), 2U);
@@ -76,7 +76,7 @@ TEST(ToolTable, RefusesANameThatItHolds) {
   ToolTable tools;
   tools.add({.name = "search", .description = "first"});
   const auto add = [&] { return tools.add({.name = "search"}), Value(); };
-  EXPECT_EQ(outcome_of(add), "ValueError: a tool named 'search' is declared already");
+  EXPECT_EQ(outcome_of(add), "ValueError: a tool named 'search' is already declared");
   EXPECT_EQ(tools["search"].description(), "first");
   EXPECT_EQ(tools.all().size(), 1U);
 }

@@ -119,7 +119,7 @@ TEST(Integer, IsCutFromADoubleTowardZero) {
   }
   EXPECT_EQ(Integer::truncated(-largest_double).to_double(), -largest_double);
   EXPECT_EQ(outcome_of([] { return Value(Integer::truncated(-HUGE_VAL)); }), "overflow_error");
-  EXPECT_EQ(outcome_of([] { return Value(Integer::truncated(NAN)); }), "ValueError: not a number has no whole part");
+  EXPECT_EQ(outcome_of([] { return Value(Integer::truncated(NAN)); }), "ValueError: NaN has no integer part");
 }
 
 }  // namespace

@@ -26,10 +26,10 @@ void expect_numbered(const ArgumentMap& map, std::size_t count) {
     ASSERT_NE(found, nullptr) << number << " of " << count;
     EXPECT_EQ(found, &map[number].value) << number << " of " << count;
     EXPECT_EQ(*found, Value(number));
-    EXPECT_EQ(map.place_in_a_row(name_of(number)), number);
+    EXPECT_EQ(map.linear_search(name_of(number)), number);
   }
   EXPECT_FALSE(map.contains(name_of(count)) || map.contains("name") || map.contains(""));
-  EXPECT_EQ(map.place_in_a_row(name_of(count)), count);
+  EXPECT_EQ(map.linear_search(name_of(count)), count);
 }
 
 TEST(OrderedMap, KeepsAnEntryInItsFirstPlace) {

@@ -34,7 +34,10 @@ TEST(Value, IsOfOneKindAndHandsOutNoOther) {
   }
   EXPECT_EQ(Value(std::uint64_t{1} << 63U).kind(), Kind::integer);
   EXPECT_EQ(Value(Text("a")).kind(), Kind::text);
-  EXPECT_THROW((void)Value(5).shared_text(), TypeError);
+  EXPECT_EQ(outcome_of([] { return Value(Value("5").integer()); }), "TypeError: the value is text '5', not an integer");
+  EXPECT_EQ(outcome_of([] { return Value(Value(List{5}).shared_text()); }), "TypeError: the value is a list, not text");
+  EXPECT_EQ(outcome_of([] { return Value(Value(long_text).mapping()); }),
+            "TypeError: the value is text, not an object");
 }
 
 TEST(Value, EqualsAnotherOfItsKindAndContent) {
@@ -42,8 +45,8 @@ TEST(Value, EqualsAnotherOfItsKindAndContent) {
   for (const char* digits : {"100000000000000000000", "-100000000000000000000", "100000000000000000001"}) {
     unequal.insert(unequal.end(), {Value(Integer::from_decimal(digits)), Value(digits)});
   }
-  for (std::size_t place = unequal.size(); place-- > 0;) {
-    const Value leaf = unequal[place];
+  for (std::size_t index = unequal.size(); index-- > 0;) {
+    const Value leaf = unequal[index];
     unequal.insert(unequal.end(), {Value(List{leaf}), Value(List{0, List{leaf}}), Value(ArgumentMap{{"a", leaf}}),
                                    Value(ArgumentMap{{"b", leaf}}), Value(ArgumentMap{{"a", 0}, {"b", List{leaf}}}),
                                    Value(ArgumentMap{{"b", List{leaf}}, {"a", 0}})});

@@ -20,7 +20,7 @@ namespace repo_daemon {
 /// What was read for one request.
 struct Reading {
   std::size_t files = 0;
-  std::size_t no_text = 0;    ///< files that could not be read, are too large or are no text
+  std::size_t no_text = 0;    ///< files that could not be read, are too large or are not text
   std::size_t not_tried = 0;  ///< files left when a limit was met
   std::string stopped_at;     ///< that limit, as "10 seconds"
 

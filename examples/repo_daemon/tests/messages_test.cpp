@@ -45,7 +45,7 @@ TEST(RepoDaemonMessages, answer_what_is_no_request_with_an_error) {
   Conversation conversation;
   expect_answers(
       conversation,
-      {{"no JSON", "{", error("null", "-32700", "line 1, byte 2: a key between double quotes is missing")},
+      {{"no JSON", "{", error("null", "-32700", "line 1, byte 2: a key in double quotes is missing")},
        {"no JSON-RPC", R"({"id": 1, "method": "ping"})", error("1", "-32600", "'jsonrpc' must be '2.0'")},
        {"no object", "7", error("null", "-32600", "a message must be an object")},
        {"no method", R"({"jsonrpc": "2.0", "id": 1})", error("1", "-32600", "'method' must be text")},
@@ -55,7 +55,7 @@ TEST(RepoDaemonMessages, answer_what_is_no_request_with_an_error) {
         error("null", "-32600", "'id' must be text or an integer")},
        {"an unknown method", R"({"jsonrpc": "2.0", "id": 2, "method": "tools/cal"})",
         error("2", "-32601", "unknown method 'tools/cal'")},
-       {"parameters that are no object", R"({"jsonrpc": "2.0", "id": 3, "method": "ping", "params": [1]})",
+       {"parameters that are not an object", R"({"jsonrpc": "2.0", "id": 3, "method": "ping", "params": [1]})",
         error("3", "-32602", "'params' must be an object")},
        {"a parameter of another kind", R"({"jsonrpc": "2.0", "id": 4, "method": "tools/call", "params": {"name": 1}})",
         error("4", "-32602", "'name' must be text")},

@@ -161,7 +161,7 @@ TEST(RepoDaemonParts, escape_what_would_not_be_seen_as_it_is) {
       {"line separators and invisible characters", "\xE2\x80\xA8\xEF\xBB\xBF\xF3\xA0\x81\x81",
        R"(\u2028\ufeff\U000e0041)", R"(\u2028\ufeff\U000e0041)"},
       {"what stands in many sources stays in a line", "\t\\n", R"(\t\\n)", "\t\\n"},
-      {"a byte that is no UTF-8, and the character of that number", "\xE9\xC3\xA9",
+      {"a byte that is not UTF-8, and the character of that number", "\xE9\xC3\xA9",
        R"(\xe9)"
        "\xC3\xA9",
        "\xEF\xBF\xBD\xC3\xA9"},

@@ -23,7 +23,7 @@ TEST(RepoDaemonTools, find_lines) {
        "tools/run.py:2:     return OPEN(path)\n1 line in 1 file of 1"},
       {"all lines are counted, beyond the limit too", "search", R"({"query": "open", "path": "src", "limit": 1})",
        "src/index.cpp:3: int Index::open(int place) {\n4 lines in 2 files of 2, the first 1 shown"},
-      {"a byte that is no text is shown as the replacement character, and a long line is cut between characters",
+      {"a byte that is not text is shown as the replacement character, and a long line is cut between characters",
        "search", R"({"query": "open", "patterns": ["odd/l*.txt"]})",
        "odd/latin.txt:1: caf\xEF\xBF\xBD open\nodd/long.txt:1: " + std::string(299, 'x') +
            "…\n2 lines in 2 files of 2, 1 file passed over: no text, too large or not readable"},
@@ -72,7 +72,7 @@ TEST(RepoDaemonTools, read_files_and_status) {
       {"by pattern, the newest first", "files", R"({"pattern": "index.*, **/run.??"})",
        "2001-09-09 00:46:40Z  src/index.cpp  127 bytes\n2001-09-08 23:46:40Z  src/index.hpp  69 bytes\n"
        "2001-09-08 22:46:40Z  tools/run.py  40 bytes\n3 files\nnote: 'pattern' was read as 'patterns'"},
-      {"a text is no list where its commas stand between braces", "files",
+      {"a text is not a list where its commas stand between braces", "files",
        R"({"patterns": "[Rr]*.{md,py}, **/[!a-h]*.hpp"})",
        "2001-09-09 01:46:40Z  README.md  34 bytes\n2001-09-08 23:46:40Z  src/index.hpp  69 bytes\n"
        "2001-09-08 22:46:40Z  tools/run.py  40 bytes\n3 files"},
@@ -97,7 +97,7 @@ TEST(RepoDaemonTools, refuse_what_the_registry_does_not_take) {
       {"a pattern that is never closed", "files", R"({"patterns": ["*.{cpp"]})",
        "refused: the pattern '*.{cpp' has a '{' without its '}': write '\\{' for the character itself"},
       {"a tool", "serch", "{}", "error: unknown tool 'serch'"},
-      {"arguments that are no object", "read", "[]", "error: 'arguments' must be an object"},
+      {"arguments that are not an object", "read", "[]", "error: 'arguments' must be an object"},
   });
 }
 
@@ -127,7 +127,7 @@ TEST(RepoDaemonTools, stay_below_the_root) {
       {"a link within", "read", R"({"path": "alias/index.hpp"})",
        "refused: 'alias' is a symbolic link, and none is followed"},
       {"a zero byte, behind which a path would end", "read", R"({"path": "README.md\u0000.txt"})",
-       "refused: 'README.md\\x00.txt' is no path"},
+       "refused: 'README.md\\x00.txt' is not a path"},
       {"a hidden file", "read", R"({"path": "src/../.hidden/key"})",
        "refused: 'src/../.hidden/key' is hidden, and nothing hidden is served"},
       {"a hidden directory", "search", R"({"action": "list", "path": ".hidden"})",

@@ -29,13 +29,13 @@ class EntryRow {
   EntryRow(const EntryRow& other) : EntryRow(other, 0) {}
   EntryRow(EntryRow&& other) noexcept { swap(other); }
 
-  /// The entries of `other`, each made into one of this row's in its place.
+  /// The entries of `other`, each made into one of this row's, in their order.
   template <class Other>
   explicit EntryRow(EntryRow<Other>&& other) noexcept {
     static_assert(sizeof(Entry) == sizeof(Other) && std::is_nothrow_constructible_v<Entry, Other&&>);
     auto* const block = static_cast<void*>(other.entries_);
-    for (std::size_t place = 0; place < other.size_; ++place) {
-      move_into(static_cast<Entry*>(block) + place, other.entries_ + place);
+    for (std::size_t index = 0; index < other.size_; ++index) {
+      move_into(static_cast<Entry*>(block) + index, other.entries_ + index);
     }
     entries_ = static_cast<Entry*>(block);
     size_ = std::exchange(other.size_, 0);
@@ -78,8 +78,8 @@ class EntryRow {
 
   [[nodiscard]] std::size_t size() const noexcept { return size_; }
   [[nodiscard]] bool empty() const noexcept { return size_ == 0; }
-  [[nodiscard]] Entry& operator[](std::size_t place) noexcept { return entries_[place]; }
-  [[nodiscard]] const Entry& operator[](std::size_t place) const noexcept { return entries_[place]; }
+  [[nodiscard]] Entry& operator[](std::size_t index) noexcept { return entries_[index]; }
+  [[nodiscard]] const Entry& operator[](std::size_t index) const noexcept { return entries_[index]; }
   [[nodiscard]] Entry& back() noexcept { return entries_[size_ - 1]; }
   [[nodiscard]] Entry* begin() noexcept { return entries_; }
   [[nodiscard]] Entry* end() noexcept { return entries_ + size_; }
@@ -120,8 +120,8 @@ class EntryRow {
   /// Moves the entries into a roomier row, and becomes that row.
   void move_to(EntryRow& roomier) noexcept {
     static_assert(std::is_nothrow_move_constructible_v<Entry>);
-    for (std::size_t place = 0; place < size_; ++place) {
-      move_into(roomier.entries_ + place, entries_ + place);
+    for (std::size_t index = 0; index < size_; ++index) {
+      move_into(roomier.entries_ + index, entries_ + index);
     }
     roomier.size_ = std::exchange(size_, 0);
     swap(roomier);

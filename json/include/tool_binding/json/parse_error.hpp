@@ -10,7 +10,7 @@
 
 namespace tool_binding::json {
 
-/// A text that is no JSON (RFC 8259), with the place of the fault.
+/// A text that is not JSON (RFC 8259), with the place of the fault.
 ///
 /// Its message is "line 3, byte 17: " and what is wrong there.
 class ParseError : public ValueError {

@@ -25,7 +25,7 @@ using Fault = RegistryFinding;
 /// What a registry file declares, usable or not, for those who judge it further.
 class RegistryFile {
  public:
-  /// Throws ParseError for a text that is no JSON.
+  /// Throws ParseError for a text that is not JSON.
   explicit RegistryFile(std::string_view text);
 
   /// The tools in the file's order. Where the file has a fault, a field holds what could be read of it.
@@ -53,7 +53,7 @@ struct DeclaredTool {
 };
 
 /// The tools of a registry file, in its order. A tool without a handler in the file has one that takes any keyword.
-/// Throws ParseError for a text that is no JSON, and RegistryError with all faults at once.
+/// Throws ParseError for a text that is not JSON, and RegistryError with all faults at once.
 [[nodiscard]] std::vector<DeclaredTool> read_registry(std::string_view text);
 
 }  // namespace tool_binding::json

@@ -54,8 +54,8 @@ struct ImportedTools {
 };
 
 /// Reads a list of tools, or an object with such a list under "tools". What cannot be said in a registry is remarked
-/// upon, each thing with its place. Throws ParseError for a text that is no JSON, and ValueError for one that is no
-/// list of tools.
+/// upon, each thing with its place. Throws ParseError for a text that is not JSON, and ValueError for one that is not
+/// a list of tools.
 [[nodiscard]] ImportedTools import_tools(std::string_view text, Unsayable unsayable = Unsayable::leaves_tool_out);
 
 }  // namespace tool_binding::json
