@@ -18,25 +18,55 @@ namespace {
 struct Question {
   Files files;
   std::vector<std::string> tools;  ///< empty for all
+  json::SchemaForm form = json::SchemaForm::common;
+  bool names_alone = false;
 };
 
-std::vector<Value> advertised(const Question& question) {
-  std::vector<Value> tools;
+std::vector<const ToolSpec*> tools_of(const Question& question) {
+  std::vector<const ToolSpec*> tools;
   for (const std::string& name : question.tools) {
-    tools.push_back(json::advertised_tool(TOOLS[name]));
+    tools.push_back(&TOOLS[name]);
   }
   if (question.tools.empty()) {
     for (const ToolSpec& tool : TOOLS.all()) {
-      tools.push_back(json::advertised_tool(tool));
+      tools.push_back(&tool);
     }
   }
   return tools;
 }
 
+/// The names that an argument of the tool may have, a line each.
+std::string argument_names(const ToolSpec& tool) {
+  std::string lines = tool.actions().empty() ? "" : std::string(ACTION_PARAM) + "\n";
+  for (const ParamSpec& param : tool.params()) {
+    if (!is_reserved_name(param.name)) {
+      lines.append(param.name).append("\n");
+    }
+  }
+  return lines;
+}
+
+/// The names of the tools or, where tools are named, of their arguments.
+std::string names(const Question& question) {
+  std::string lines;
+  for (const ToolSpec* const tool : tools_of(question)) {
+    lines += question.tools.empty() ? std::string(tool->name()) + "\n" : argument_names(*tool);
+  }
+  return lines;
+}
+
+std::string schemas(const Question& question) {
+  std::vector<Value> advertised;
+  for (const ToolSpec* const tool : tools_of(question)) {
+    advertised.push_back(json::advertised_tool(*tool, question.form));
+  }
+  return page_of(ArgumentMap{{"tools", std::move(advertised)}});
+}
+
 ExitStatus schema(const Question& question) {
   static_cast<void>(load_registry(question.files.registry));
   try {
-    print(page_of(ArgumentMap{{"tools", advertised(question)}}));
+    print(question.names_alone ? names(question) : schemas(question));
   } catch (const KeyError& unknown) {
     throw UnusableFile(question.files.registry, unknown.message());
   }
@@ -48,6 +78,20 @@ ExitStatus schema(const Question& question) {
 Run declare_schema(CLI::App& command) {
   const auto question = std::make_shared<Question>();
   add_registry_option(command, question->files);
+  const auto add_form = [&](const char* name, json::SchemaForm form, const char* purpose) {
+    return command.add_flag_callback(
+        name, [question, form] { question->form = form; }, purpose);
+  };
+  CLI::Option* const conditions =
+      add_form("--conditions", json::SchemaForm::conditions, "Add what each action needs as an allOf");
+  CLI::Option* const strict = add_form("--strict", json::SchemaForm::strict,
+                                       "For strict function calling: all required, null where one may be left out");
+  CLI::Option* const open =
+      add_form("--open", json::SchemaForm::open, "For clients that validate before they send: rules in descriptions");
+  conditions->excludes(strict)->excludes(open);
+  strict->excludes(open);
+  command.add_flag("--names", question->names_alone,
+                   "Show names alone: of the tools, or of the arguments of each TOOL");
   command.add_option("TOOL", question->tools, "The tools to show; none: all of them");
   return [question] { return schema(*question); };
 }

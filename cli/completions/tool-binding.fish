@@ -21,3 +21,9 @@ complete -c tool-binding -n '__fish_seen_subcommand_from admit missing default' 
     -d 'Threads that share the lines; 0: one on each core'
 complete -c tool-binding -n '__fish_seen_subcommand_from import' -l lenient \
     -d 'Let a parameter take text where no type says what it is'
+complete -c tool-binding -n '__fish_seen_subcommand_from schema' -l conditions \
+    -d 'Add what each action needs as an allOf'
+complete -c tool-binding -n '__fish_seen_subcommand_from schema' -l strict -d 'For strict function calling'
+complete -c tool-binding -n '__fish_seen_subcommand_from schema' -l open \
+    -d 'For clients that validate before they send'
+complete -c tool-binding -n '__fish_seen_subcommand_from schema' -l names -d 'Show names alone'

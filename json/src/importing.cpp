@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 
+#include "sentence_reading.hpp"
+
 namespace tool_binding::json {
 
 namespace {
@@ -69,6 +71,7 @@ void Importing::read_input_schema(ToolDeclaration& tool, const ArgumentMap& sche
   }
   read_required(tool, member(whole, "required"), member_place(place, "required"));
   read_conditions(tool, member(whole, "allOf"), member_place(place, "allOf"));
+  read_rule_sentences(tool);
   if (const Value& others = member(whole, "additionalProperties"); !others.is_null() && others != Value(false)) {
     remark(member_place(place, "additionalProperties"), "is not kept: arguments that are not declared are refused");
   }

@@ -21,15 +21,9 @@ TEST(Schema, ShowsTheToolsThatAreNamed) {
         "type": "object",
         "properties": {
           "action": {"type": "string", "enum": ["list", "find"], "default": "list"},
-          "limit": {"type": "integer"},
-          "query": {"type": "string"}
+          "limit": {"type": "integer", "description": "Default: 50 for list, 20 otherwise."},
+          "query": {"type": "string", "description": "Needed by find."}
         },
-        "allOf": [
-          {
-            "if": {"properties": {"action": {"const": "find"}}, "required": ["action"]},
-            "then": {"required": ["query"]}
-          }
-        ],
         "additionalProperties": false
       }
     },
@@ -42,6 +36,10 @@ TEST(Schema, ShowsTheToolsThatAreNamed) {
 }
 )");
   EXPECT_EQ(finished.status, 0);
+  EXPECT_NE(run({"schema", "--conditions", "--registry", registry()}).out.find("allOf"), std::string::npos);
+  EXPECT_EQ(run({"schema", "--open", "--strict", "--registry", registry()}).status, 2);
+  EXPECT_EQ(run({"schema", "--names", "--registry", registry()}).out, "ping\nfetch\nbrowse\n");
+  EXPECT_EQ(run({"schema", "--names", "--registry", registry(), "browse"}).out, "action\nlimit\nquery\n");
   const Finished unknown = run({"schema", "--registry", registry(), "nope"});
   EXPECT_EQ(unknown.out, "");
   EXPECT_NE(unknown.errors.find("no tool is named 'nope'"), std::string::npos);

@@ -18,10 +18,11 @@
 namespace tool_binding::json {
 namespace {
 
-std::string schema_of_parameter(const std::string& members) {
-  const auto tools = read_registry(R"({"tools": [{"name": "t", "actions": [{"name": "a"}], "params": [{"name": "p", )" +
+std::string schema_of_parameter(const std::string& members, SchemaForm form) {
+  const auto tools = read_registry(R"({"tools": [{"name": "t", "actions": [{"name": "a"}, {"name": "b"}, {"name": "c"}],
+                                                    "params": [{"name": "p", )" +
                                    members + "}]}]}");
-  const Value schema = input_schema(tools[0].tool);
+  const Value schema = input_schema(tools[0].tool, form);
   return write(*schema.mapping().find("properties")->mapping().find("p"));
 }
 
@@ -53,7 +54,9 @@ std::string imported_tools(const std::string& tools) {
 
 TEST(ToolList, IsMadeAndReadAsTheRowsSay) {
   const std::map<std::string, std::function<std::string(const std::string&)>> doors = {
-      {"schema of parameter", schema_of_parameter},
+      {"schema of parameter", [](const auto& given) { return schema_of_parameter(given, SchemaForm::common); }},
+      {"strict schema", [](const auto& given) { return schema_of_parameter(given, SchemaForm::strict); }},
+      {"open schema", [](const auto& given) { return schema_of_parameter(given, SchemaForm::open); }},
       {"import property", [](const std::string& given) { return imported(given, Unsayable::leaves_tool_out); }},
       {"import leniently", [](const std::string& given) { return imported(given, Unsayable::takes_text); }},
       {"import tools", imported_tools}};
@@ -71,14 +74,26 @@ TEST(InputSchema, RequiresWhatCallsAndActionsNeed) {
                 {"name": "q", "type": "string", "required_for": ["c", "a"]},
                 {"name": "repo", "type": "string", "required": true}]},
     {"name": "u", "actions": [{"name": "a"}], "params": [{"name": "p", "type": "string", "required": true}]}]})");
-  EXPECT_EQ(
-      write(advertised_tool(tools[0].tool)),
-      R"({"name": "t", "description": "", "inputSchema": {"type": "object", "properties": {"action": {"type": "string", )"
-      R"("description": "a: first", "enum": ["a", "b", "c"], "default": "a"}, "p": {"type": "string"}, )"
-      R"("q": {"type": "string"}}, "required": ["p"], "allOf": [)"
-      R"({"if": {"properties": {"action": {"const": "a"}}}, "then": {"required": ["q"]}}, )"
-      R"({"if": {"properties": {"action": {"const": "c"}}, "required": ["action"]}, "then": {"required": ["q"]}}], )"
-      R"("additionalProperties": false}})");
+  const std::string begin =
+      R"({"type": "object", "properties": {"action": {"type": "string", "description": "a: first", )"
+      R"("enum": ["a", "b", "c"], "default": "a"}, "p": {"type": "string"}, )"
+      R"("q": {"type": "string", "description": "Needed by a and c."}}, "required": ["p"], )";
+  const std::string conditions =
+      R"("allOf": [{"if": {"properties": {"action": {"const": "a"}}}, "then": {"required": ["q"]}}, )"
+      R"({"if": {"properties": {"action": {"const": "c"}}, "required": ["action"]}, "then": {"required": ["q"]}}], )";
+  const std::string end = R"("additionalProperties": false})";
+  EXPECT_EQ(write(advertised_tool(tools[0].tool)),
+            R"({"name": "t", "description": "", "inputSchema": )" + begin + end + "}");
+  EXPECT_EQ(write(input_schema(tools[0].tool, SchemaForm::conditions)), begin + conditions + end);
+  EXPECT_EQ(write(input_schema(tools[0].tool, SchemaForm::strict)),
+            R"({"type": "object", "properties": {"action": {"type": ["string", "null"], )"
+            R"("description": "a: first\nDefault: \"a\".", "enum": ["a", "b", "c", null]}, "p": {"type": "string"}, )"
+            R"("q": {"type": ["string", "null"], "description": "Needed by a and c."}}, )"
+            R"("required": ["action", "p", "q"], )" +
+                end);
+  EXPECT_EQ(write(input_schema(tools[1].tool, SchemaForm::open)),
+            R"({"type": "object", "properties": {"action": {"type": "string", "description": "One of: \"a\"."}, )"
+            R"("p": {"type": ["string", "number"]}}, "required": ["action", "p"]})");
   EXPECT_EQ(write(*input_schema(tools[1].tool).mapping().find("required")), R"(["action", "p"])");
 }
 
@@ -92,8 +107,6 @@ void forget_what_no_schema_says(std::vector<RegistryEntry>& entries) {
     for (ParamSpec& param : entry.tool.params) {
       param.synonyms.clear();
       param.blank_is_value = false;
-      param.default_ = param.action_defaults.empty() ? param.default_ : Value();
-      param.action_defaults = {};
       param.type = param.enum_.empty() || param.type == "array" ? param.type : Text("string");
     }
   }
@@ -107,14 +120,17 @@ TEST(ImportTools, BringsBackWhatWasAdvertised) {
   std::vector<RegistryEntry> entries(registry.entries().begin(), registry.entries().end());
   ASSERT_FALSE(entries.empty());
   EXPECT_EQ(registry_value(RegistryFile(write(registry_value(entries))).entries()), registry_value(entries));
-  std::vector<Value> advertised;
-  for (const RegistryEntry& entry : entries) {
-    advertised.push_back(advertised_tool(ToolSpec(entry.tool)));
-  }
-  const ImportedTools imported = import_tools(write(advertised));
+  const std::vector<RegistryEntry> declared = entries;
   forget_what_no_schema_says(entries);
-  EXPECT_EQ(write(registry_value(imported.entries)), write(registry_value(entries)));
-  EXPECT_TRUE(imported.remarks.empty());
+  for (const SchemaForm form : {SchemaForm::common, SchemaForm::conditions}) {
+    std::vector<Value> advertised;
+    for (const RegistryEntry& entry : declared) {
+      advertised.push_back(advertised_tool(ToolSpec(entry.tool), form));
+    }
+    const ImportedTools imported = import_tools(write(advertised));
+    EXPECT_EQ(write(registry_value(imported.entries)), write(registry_value(entries)));
+    EXPECT_TRUE(imported.remarks.empty());
+  }
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -17,16 +18,33 @@
 /// Schema (2020-12) of the arguments. A registry says more than such a schema, and less.
 namespace tool_binding::json {
 
-/// The schema of the tool's arguments under their declared names. It accepts the `arguments` of every admitted request;
-/// admission takes more than that, which it brings to this form.
+/// What a schema says as rules, and what in words only. Admission keeps every rule whatever was advertised.
+enum class SchemaForm : std::uint8_t {
+  /// What every client takes: no "allOf" at the top. What an action needs, and defaults that differ by action, stand in
+  /// descriptions: "Needed by find and stats.", "Default: 50 for list, 20 otherwise."
+  common,
+  /// The same, and an "allOf" with what each action needs, for those who read combinators.
+  conditions,
+  /// What strict function calling asks for: every property is required, and null where it may be left out; bounds and
+  /// defaults stand in descriptions. Admission takes null as an argument left out.
+  strict,
+  /// For clients that validate before they send: whatever admission would mend is valid, and bounds and enumerations
+  /// stand in descriptions.
+  open,
+};
+
+/// The schema of the tool's arguments under their declared names. It accepts the `arguments` of every admitted request,
+/// in the strict form with null for each property that they lack; admission takes more than that, which it brings to
+/// this form.
 ///
 /// A parameter with an enumeration is text whatever its type, as its values are. Bounds are those that admission brings
 /// numbers to; crossed ones, and those of no finite number, are left out. JSON Schema has no words for NaN and the
-/// infinities, which a number may be.
-[[nodiscard]] Value input_schema(const ToolSpec& tool);
+/// infinities, which a number may be. Strict function calling has none for objects, nor for lists within lists within
+/// lists, where a list takes any items.
+[[nodiscard]] Value input_schema(const ToolSpec& tool, SchemaForm form = SchemaForm::common);
 
 /// The item of the list: name, description and schema.
-[[nodiscard]] Value advertised_tool(const ToolSpec& tool);
+[[nodiscard]] Value advertised_tool(const ToolSpec& tool, SchemaForm form = SchemaForm::common);
 
 /// What a registry file says of these entries. Keys that would say what is true without them are left out.
 [[nodiscard]] Value registry_value(std::span<const RegistryEntry> entries);
