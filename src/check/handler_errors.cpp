@@ -2,12 +2,12 @@
 #include "check/handler_errors.hpp"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 #include <optional>
 #include <utility>
 
 #include "tool_binding/argument_type.hpp"
+#include "types/type_words.hpp"
 
 namespace tool_binding {
 
@@ -15,32 +15,13 @@ namespace {
 
 using Fault = RegistryFinding::Kind;
 
-/// What a handler is given for a type word, and as what it is taken best.
-struct Given {
-  std::string_view type_word;
-  Kind kind;
-  std::string_view words;
-  std::string_view taken_as;
-};
-
-constexpr std::array<Given, 5> all_given = {{{"integer", Kind::integer, "a whole number", "int"},
-                                             {"number", Kind::floating, "a number", "double"},
-                                             {"boolean", Kind::boolean, "true or false", "bool"},
-                                             {"string", Kind::text, "text", "std::string"},
-                                             {"array", Kind::list, "a list", "std::vector<tool_binding::Value>"}}};
-
-const Given* given_for(std::string_view type_word) noexcept {
-  const auto* const found = std::find_if(all_given.begin(), all_given.end(),
-                                         [&](const Given& given) { return given.type_word == type_word; });
-  return found == all_given.end() ? nullptr : found;
-}
-
 bool is_list(const ParamSpec& param) noexcept { return param.type == "array"; }
 
-/// An enumeration's values are texts, whatever its type word. Null for a type word that is none.
-const Given* given_for(const ParamSpec& param) noexcept {
-  const Given* const given = given_for(param.type);
-  return given == nullptr || is_list(param) || param.enum_.empty() ? given : given_for("string");
+/// As what a handler gets the parameter: an enumeration's values are texts, whatever its type word. Null for a type
+/// word that is none of the five.
+const TypeRow* given_type(const ParamSpec& param) noexcept {
+  const TypeRow* const type = type_row(param.type);
+  return type == nullptr || is_list(param) || param.enum_.empty() ? type : type_row("string");
 }
 
 bool has_text_items(const ParamSpec& param) noexcept {
@@ -79,7 +60,7 @@ std::optional<std::string> call_without(const ToolDeclaration& tool, const Param
 
 /// As what a parameter is taken best.
 std::string best_type(const ToolDeclaration& tool, const ParamSpec& param) {
-  const Given* const given = given_for(param);
+  const TypeRow* const given = given_type(param);
   const std::string type = has_text_items(param) ? "std::vector<std::string>"
                            : given == nullptr    ? "tool_binding::Value"
                                                  : std::string(given->taken_as);
@@ -111,7 +92,7 @@ class HandlerChecker {
  private:
   void check_item(const Parameter& parameter);
   void check_argument(const Text& name, const ArgumentType& type);
-  void check_kind(const ParamSpec& param, const ArgumentType& type, const Given& given);
+  void check_kind(const ParamSpec& param, const ArgumentType& type, const TypeRow& given);
   void check_texts(const Text& name, const std::vector<Text>& declared, const ArgumentType& type);
   void check_default(const Text& name, const Value& value, const ArgumentType& type);
   void check_unlisted();
@@ -187,20 +168,20 @@ void HandlerChecker::check_argument(const Text& name, const ArgumentType& type) 
     std::transform(tool_.actions.begin(), tool_.actions.end(), std::back_inserter(actions),
                    [](const ActionSpec& action) { return action.name; });
     check_kind({.name = name, .type = "string", .enum_ = std::move(actions), .required = true}, type,
-               *given_for("string"));
+               *type_row("string"));
   } else if (const ParamSpec* const param = declared(name); param == nullptr) {
     add(Fault::undeclared_parameter, {quoted(name), did_you_mean_one_of(bound_names(), name)});
-  } else if (const Given* const given = given_for(*param); given != nullptr) {
+  } else if (const TypeRow* const given = given_type(*param); given != nullptr) {
     check_kind(*param, type, *given);
   }
 }
 
 /// Whether the type takes whatever a call can give for the parameter.
-void HandlerChecker::check_kind(const ParamSpec& param, const ArgumentType& type, const Given& given) {
+void HandlerChecker::check_kind(const ParamSpec& param, const ArgumentType& type, const TypeRow& given) {
   const bool has_other_items =
       has_text_items(param) && type.items != nullptr && !type.items->kinds.contains(Kind::text);
   if (!type.kinds.contains(given.kind) || has_other_items) {
-    add(Fault::argument_type, {quoted(param.name), has_text_items(param) ? "a list of texts" : given.words, type.name(),
+    add(Fault::argument_type, {quoted(param.name), has_text_items(param) ? "a list of texts" : given.given, type.name(),
                                listed(best_type(tool_, param), param.name)});
     return;
   }

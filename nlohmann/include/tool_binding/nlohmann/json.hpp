@@ -234,8 +234,10 @@ Json to_json(const KeywordArguments& keywords) {
 }  // namespace tool_binding::nlohmann_json
 
 /// The same conversions where that library looks for them.
+namespace nlohmann {
+
 template <>
-struct nlohmann::adl_serializer<tool_binding::Value, void> {
+struct adl_serializer<tool_binding::Value, void> {
   template <class Json>
   static tool_binding::Value from_json(const Json& json) {
     return tool_binding::nlohmann_json::to_value(json);
@@ -247,7 +249,7 @@ struct nlohmann::adl_serializer<tool_binding::Value, void> {
 };
 
 template <>
-struct nlohmann::adl_serializer<tool_binding::ArgumentMap, void> {
+struct adl_serializer<tool_binding::ArgumentMap, void> {
   template <class Json>
   static tool_binding::ArgumentMap from_json(const Json& json) {
     return tool_binding::nlohmann_json::to_arguments(json);
@@ -257,3 +259,5 @@ struct nlohmann::adl_serializer<tool_binding::ArgumentMap, void> {
     json = tool_binding::nlohmann_json::to_json<Json>(arguments);
   }
 };
+
+}  // namespace nlohmann
