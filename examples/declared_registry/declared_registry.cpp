@@ -16,16 +16,19 @@ tb::Value ping(const tb::KeywordArguments& /*keywords*/) { return "here"; }
 
 /// Tools and handlers side by side, as in a registry file.
 const std::vector<tb::RegistryEntry> registry = {
-    {.tool = {.name = "search",
-              .description = "Find code by what it says.",
-              .actions = {{.name = "find", .synonyms = {"lookup"}}, {.name = "list"}},
-              .default_action = "find",
-              .params = {{.name = "query", .type = "string", .synonyms = {"q"}, .required_for = {"find"}},
-                         {.name = "limit", .type = "integer", .minimum = 1, .maximum = 100, .default_ = "20"}}},
-     .handler = {.signature = {{{.name = "action"}, {.name = "query"}, {.name = "limit"}}}, .function = search}},
+    tb::RegistryEntry{
+        .tool = {.name = "search",
+                 .description = "Find code by what it says.",
+                 .actions = {{.name = "find", .synonyms = {"lookup"}}, {.name = "list"}},
+                 .default_action = "find",
+                 .params = {tb::ParamSpec{
+                                .name = "query", .type = "string", .synonyms = {"q"}, .required_for = {"find"}},
+                            tb::ParamSpec{
+                                .name = "limit", .type = "integer", .minimum = 1, .maximum = 100, .default_ = "20"}}},
+        .handler = {.signature = {{{.name = "action"}, {.name = "query"}, {.name = "limit"}}}, .function = search}},
 
-    {.tool = {.name = "ping", .description = "Whether the daemon is there."},
-     .handler = {.signature = {}, .function = ping}},
+    tb::RegistryEntry{.tool = {.name = "ping", .description = "Whether the daemon is there."},
+                      .handler = {.signature = {}, .function = ping}},
 };
 
 /// What is wrong with the registry stops the daemon before its first request; what is doubtful is for its log.

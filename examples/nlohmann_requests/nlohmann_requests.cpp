@@ -29,11 +29,11 @@ Json answer(const Handlers& handlers, const Json& request) {
 }
 
 int main() {
-  const Handlers handlers =
-      declare_tools({{.tool = {.name = "find",
-                               .params = {{.name = "query", .type = "string", .required = true},
-                                          {.name = "limit", .type = "integer", .maximum = 100, .default_ = 20}}},
-                      .handler = handler(find, argument<std::string_view>("query"), argument<int>("limit"))}});
+  const Handlers handlers = declare_tools(
+      {{.tool = {.name = "find",
+                 .params = {ParamSpec{.name = "query", .type = "string", .required = true},
+                            ParamSpec{.name = "limit", .type = "integer", .maximum = 100, .default_ = 20}}},
+        .handler = handler(find, argument<std::string_view>("query"), argument<int>("limit"))}});
   std::cout << answer(handlers, {{"name", "find"}, {"arguments", {{"query", "open"}, {"limit", "500"}}}}) << '\n'
             << answer(handlers, {{"name", "find"}, {"arguments", {{"limt", 5}}}}) << '\n';
 }

@@ -16,11 +16,13 @@ int main() {
   const std::string repository = "atlas";
   const KeywordArguments context = {{"repository", KeywordArgument::context(repository)}};
   const Handlers handlers = declare_tools(
-      {{.tool = {.name = "search",
-                 .params = {{.name = "query", .type = "string", .synonyms = {"q"}, .required = true},
-                            {.name = "limit", .type = "integer", .minimum = 1, .maximum = 100, .default_ = 20}}},
-        .handler = handler(search, argument<std::string_view>("query"), argument<int>("limit"),
-                           item<const std::string>("repository"))}},
+      {RegistryEntry{
+          .tool = {.name = "search",
+                   .params = {ParamSpec{.name = "query", .type = "string", .synonyms = {"q"}, .required = true},
+                              ParamSpec{
+                                  .name = "limit", .type = "integer", .minimum = 1, .maximum = 100, .default_ = 20}}},
+          .handler = handler(search, argument<std::string_view>("query"), argument<int>("limit"),
+                             item<const std::string>("repository"))}},
       context);
   const Handler& answering = *handlers.find("search");
   for (const ArgumentMap& sent : {ArgumentMap{{"q", "open_index"}, {"limit", "500"}}, ArgumentMap{{"limt", 5}}}) {

@@ -54,7 +54,8 @@ class ActionName {
   std::optional<std::string_view> name_;
 };
 
-/// One declared parameter, a plain record for designated initializers.
+/// One declared parameter, a plain record for designated initializers. Written with its name, `ParamSpec{.name = …}`,
+/// a misspelled field is named by the compiler.
 struct ParamSpec {
   /// The name under which admitted and bound arguments carry the parameter.
   Text name;
