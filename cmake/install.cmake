@@ -1,4 +1,5 @@
-# The package: find_package(tool_binding), its components json and nlohmann, and a pkg-config file for each library.
+# The package: find_package(tool_binding), its components json, server and nlohmann, and a pkg-config file for each
+# library.
 include(CMakePackageConfigHelpers)
 
 set(package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/tool_binding)
@@ -35,6 +36,9 @@ if(TARGET tool_binding_json)
 endif()
 if(TARGET tool_binding_nlohmann)
   tool_binding_install_library(tool_binding_nlohmann tool_binding_nlohmann)
+endif()
+if(TARGET tool_binding_server)
+  tool_binding_install_library(tool_binding_server tool_binding_server)
 endif()
 
 configure_package_config_file(cmake/tool_binding-config.cmake.in ${PROJECT_BINARY_DIR}/tool_binding-config.cmake

@@ -1,5 +1,8 @@
-# Runs COMMAND (a list), and fails when its output differs from the file EXPECTED or its status from STATUS.
-execute_process(COMMAND ${COMMAND} OUTPUT_VARIABLE output ERROR_VARIABLE errors RESULT_VARIABLE status)
+# Runs COMMAND (a list), on the file that EXAMPLE_INPUT of the environment names, and fails when its output differs from the file EXPECTED or its status from STATUS.
+if(DEFINED ENV{EXAMPLE_INPUT})
+  set(input INPUT_FILE $ENV{EXAMPLE_INPUT})
+endif()
+execute_process(COMMAND ${COMMAND} ${input} OUTPUT_VARIABLE output ERROR_VARIABLE errors RESULT_VARIABLE status)
 file(READ ${EXPECTED} expected)
 if(NOT output STREQUAL expected)
   message(FATAL_ERROR "the output is not that of ${EXPECTED}:\n${output}${errors}")
