@@ -1,3 +1,10 @@
+# What is measured is compiled as its users compile it, and no file leans on what another includes.
+function(tool_binding_each_alone target)
+  if(TOOL_BINDING_EACH_ALONE)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD OFF)
+  endif()
+endfunction()
+
 # What the libraries have in common. Every header below `headers` is public: it is installed, and what it declares
 # between its visibility pragmas is all that a shared library shows.
 function(tool_binding_library target headers)
@@ -9,8 +16,6 @@ function(tool_binding_library target headers)
     INSTALL_RPATH "$ORIGIN"
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
-    VERIFY_INTERFACE_HEADER_SETS ${TOOL_BINDING_TESTS})
-  if(CMAKE_BUILD_TYPE STREQUAL "Release") # what is measured is compiled as its users compile it
-    set_target_properties(${target} PROPERTIES UNITY_BUILD OFF)
-  endif()
+    VERIFY_INTERFACE_HEADER_SETS ${TOOL_BINDING_EACH_ALONE})
+  tool_binding_each_alone(${target})
 endfunction()
