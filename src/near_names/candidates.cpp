@@ -2,6 +2,7 @@
 #include "near_names/candidates.hpp"
 
 #include <algorithm>
+#include <bit>
 
 #include "text/code_points.hpp"
 
@@ -12,6 +13,15 @@ ClassSet::ClassSet(std::u32string_view name) noexcept {
     const std::uint64_t member = std::uint64_t{1} << class_of(character);
     repeats += (members & member) == 0 ? 0 : 1;
     members |= member;
+  }
+}
+
+ClassPositions::ClassPositions(std::u32string_view word) noexcept : exact_(word.size() <= most) {
+  for (std::size_t position = 0; position < std::min(word.size(), most); ++position) {
+    std::uint64_t& positions = positions_[class_of(word[position])];
+    exact_ =
+        exact_ && (positions == 0 || word[static_cast<std::size_t>(std::countr_zero(positions))] == word[position]);
+    positions |= std::uint64_t{1} << position;
   }
 }
 

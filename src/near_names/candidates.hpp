@@ -2,7 +2,7 @@
 #pragma once
 
 #include <algorithm>
-#include <bit>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -19,6 +19,16 @@ namespace tool_binding::detail {
 inline constexpr std::size_t character_classes = 64;
 [[nodiscard]] constexpr std::size_t class_of(char32_t character) noexcept { return character % character_classes; }
 
+/// The number of bits that are set. Where two names have little in common this is sooner done than by the compiler's
+/// own count, which is a call on a machine that is not known to have an instruction for it.
+[[nodiscard]] constexpr std::size_t count_of(std::uint64_t bits) noexcept {
+  std::size_t count = 0;
+  for (; bits != 0; bits &= bits - 1) {
+    ++count;
+  }
+  return count;
+}
+
 /// The classes of a name's characters.
 struct ClassSet {
   std::uint64_t members = 0;
@@ -29,8 +39,26 @@ struct ClassSet {
 
   /// No less than the characters that the two names can have in common, whatever their order.
   [[nodiscard]] std::size_t in_common(const ClassSet& other) const noexcept {
-    return static_cast<std::size_t>(std::popcount(members & other.members)) + std::min(repeats, other.repeats);
+    return count_of(members & other.members) + std::min(repeats, other.repeats);
   }
+};
+
+/// Where the characters of a word stand: a bit for each of its first 64 positions, by the class of the character there.
+class ClassPositions {
+ public:
+  static constexpr std::size_t most = 64;
+
+  ClassPositions() = default;
+  explicit ClassPositions(std::u32string_view word) noexcept;
+
+  [[nodiscard]] std::uint64_t of_class(char32_t character) const noexcept { return positions_[class_of(character)]; }
+
+  /// Whether these are all positions of the word, and no class has two of its characters.
+  [[nodiscard]] bool are_exact() const noexcept { return exact_; }
+
+ private:
+  std::array<std::uint64_t, character_classes> positions_ = {};
+  bool exact_ = true;
 };
 
 /// The names that a near-name search can suggest, with what of the search does not depend on the word.

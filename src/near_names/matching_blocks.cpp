@@ -2,6 +2,7 @@
 #include "near_names/matching_blocks.hpp"
 
 #include <algorithm>
+#include <bit>
 
 namespace tool_binding {
 
@@ -12,20 +13,24 @@ constexpr std::size_t popular_from = 200;
 
 }  // namespace
 
-MatchingBlocks::MatchingBlocks(std::u32string_view word, std::pmr::memory_resource* memory)
-    : word_(word), pending_(memory), runs_(memory), popular_(memory) {}
+MatchingBlocks::MatchingBlocks(std::u32string_view word, const detail::ClassPositions& positions,
+                               std::pmr::memory_resource* memory)
+    : word_(word), positions_(positions), pending_(memory), runs_(memory), popular_(memory) {}
 
 std::size_t MatchingBlocks::matched(std::u32string_view candidate) {
-  if (runs_.empty()) {
+  if (!positions_.are_exact() && runs_.empty()) {
     runs_.resize(word_.size() + 1);
     find_popular();
   }
+  constexpr std::size_t enough_for_most = 8;
+  pending_.reserve(enough_for_most);
   std::size_t sum = 0;
   push_unless_empty({0, candidate.size(), 0, word_.size()});
   while (!pending_.empty()) {
     const Ranges ranges = pending_.back();
     pending_.pop_back();
-    const Block block = widened(candidate, ranges, longest_block(candidate, ranges));
+    const Block block = positions_.are_exact() ? block_by_positions(candidate, ranges)
+                                               : widened(candidate, ranges, longest_block(candidate, ranges));
     if (block.size == 0) {
       continue;
     }
@@ -34,6 +39,31 @@ std::size_t MatchingBlocks::matched(std::u32string_view candidate) {
     push_unless_empty({block.first + block.size, ranges.first_end, block.second + block.size, ranges.second_end});
   }
   return sum;
+}
+
+/// The positions of `character` in the word. Precondition: the word's positions are exact.
+std::uint64_t MatchingBlocks::positions_of(char32_t character) const noexcept {
+  const std::uint64_t positions = positions_.of_class(character);
+  return positions == 0 || word_[static_cast<std::size_t>(std::countr_zero(positions))] == character ? positions : 0;
+}
+
+/// The same block as below for a word whose positions are exact, as those of most callers are: they are looked at all
+/// at once, and the word is too short for popular characters.
+MatchingBlocks::Block MatchingBlocks::block_by_positions(std::u32string_view candidate,
+                                                         const Ranges& ranges) const noexcept {
+  Block best = {ranges.first_begin, ranges.second_begin, 0};
+  const std::size_t beyond = detail::ClassPositions::most - (ranges.second_end - ranges.second_begin);
+  const std::uint64_t within = ~std::uint64_t{0} >> beyond << ranges.second_begin;
+  for (std::size_t first = ranges.first_begin; first + best.size < ranges.first_end; ++first) {
+    std::uint64_t ends = positions_of(candidate[first]) & within;  // of the runs that begin at `first`
+    for (std::size_t size = 1; ends != 0; ++size) {
+      if (size > best.size) {
+        best = {first, static_cast<std::size_t>(std::countr_zero(ends)) + 1 - size, size};
+      }
+      ends = first + size == ranges.first_end ? 0 : ends << 1U & positions_of(candidate[first + size]) & within;
+    }
+  }
+  return best;
 }
 
 /// Of the longest blocks the one that starts earliest in the candidate, and of those the earliest in the word.

@@ -2,9 +2,12 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory_resource>
 #include <string_view>
 #include <vector>
+
+#include "near_names/candidates.hpp"
 
 namespace tool_binding {
 
@@ -12,8 +15,8 @@ namespace tool_binding {
 /// common, then the same to its left and to its right.
 class MatchingBlocks {
  public:
-  /// `word` outlives the object. Memory is taken when the first candidate is matched, not before.
-  MatchingBlocks(std::u32string_view word, std::pmr::memory_resource* memory);
+  /// `word` and its positions outlive the object. Memory is taken when the first candidate is matched, not before.
+  MatchingBlocks(std::u32string_view word, const detail::ClassPositions& positions, std::pmr::memory_resource* memory);
 
   /// The number of code points in the blocks that `candidate`, as the first sequence, and the word have in common.
   [[nodiscard]] std::size_t matched(std::u32string_view candidate);
@@ -31,11 +34,14 @@ class MatchingBlocks {
   };
 
   [[nodiscard]] Block longest_block(std::u32string_view candidate, const Ranges& ranges);
+  [[nodiscard]] Block block_by_positions(std::u32string_view candidate, const Ranges& ranges) const noexcept;
+  [[nodiscard]] std::uint64_t positions_of(char32_t character) const noexcept;
   [[nodiscard]] Block widened(std::u32string_view candidate, const Ranges& ranges, Block block) const;
   void push_unless_empty(const Ranges& ranges);
   void find_popular();
 
   std::u32string_view word_;
+  const detail::ClassPositions& positions_;
   std::pmr::vector<Ranges> pending_;
   std::pmr::vector<std::size_t> runs_;  ///< by position in the word, from 1: the common run that ends there
   std::pmr::vector<char32_t> popular_;  ///< characters that no run passes through, sorted

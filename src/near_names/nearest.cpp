@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstdint>
 #include <memory_resource>
 
@@ -22,21 +21,12 @@ using SearchMemory = std::array<std::byte, 4096>;
 /// The word of one search, with what its comparison with every candidate needs.
 class Word {
  public:
-  Word(std::string_view name, std::pmr::memory_resource* memory) : code_points_(memory) {
-    code_points_.reserve(name.size());
-    while (!name.empty()) {
-      const text::CodePoint next = text::next_code_point(name);
-      code_points_.push_back(next.value);
-      name.remove_prefix(next.size);
-    }
-    classes_ = detail::ClassSet(view());
-    for (std::size_t position = 0; position < std::min(size(), positions_in_order); ++position) {
-      positions_[detail::class_of(code_points_[position])] |= std::uint64_t{1} << position;
-    }
-  }
+  Word(std::string_view name, std::pmr::memory_resource* memory)
+      : code_points_(decoded(name, memory)), classes_(view()), positions_(view()) {}
 
   [[nodiscard]] std::size_t size() const noexcept { return code_points_.size(); }
   [[nodiscard]] std::u32string_view view() const noexcept { return {code_points_.data(), size()}; }
+  [[nodiscard]] const detail::ClassPositions& positions() const noexcept { return positions_; }
 
   /// No less than the code points that the word and `candidate` can have matched, whichever way.
   [[nodiscard]] std::size_t class_bound(const NearCandidates::Candidate& candidate) const noexcept {
@@ -49,19 +39,28 @@ class Word {
   [[nodiscard]] std::size_t order_bound(std::u32string_view candidate) const noexcept {
     std::uint64_t unmatched = ~std::uint64_t{0};
     for (const char32_t character : candidate) {
-      const std::uint64_t matched = unmatched & positions_[detail::class_of(character)];
+      const std::uint64_t matched = unmatched & positions_.of_class(character);
       unmatched = (unmatched + matched) | (unmatched - matched);
     }
-    return static_cast<std::size_t>(std::popcount(~unmatched)) +
-           (std::max(size(), positions_in_order) - positions_in_order);
+    return detail::count_of(~unmatched) +
+           (std::max(size(), detail::ClassPositions::most) - detail::ClassPositions::most);
   }
 
  private:
-  static constexpr std::size_t positions_in_order = 64;
+  static std::pmr::vector<char32_t> decoded(std::string_view name, std::pmr::memory_resource* memory) {
+    std::pmr::vector<char32_t> code_points(memory);
+    code_points.reserve(name.size());
+    while (!name.empty()) {
+      const text::CodePoint next = text::next_code_point(name);
+      code_points.push_back(next.value);
+      name.remove_prefix(next.size);
+    }
+    return code_points;
+  }
 
   std::pmr::vector<char32_t> code_points_;
   detail::ClassSet classes_;
-  std::array<std::uint64_t, detail::character_classes> positions_ = {};  ///< of the word's first characters, by class
+  detail::ClassPositions positions_;
 };
 
 /// The best candidate so far. Similarities are compared as the fractions that they are.
@@ -99,7 +98,7 @@ class Best {
 class Search {
  public:
   Search(std::string_view name, const NearCandidates& candidates, std::pmr::memory_resource* memory)
-      : candidates_(candidates), word_(name, memory), blocks_(word_.view(), memory) {}
+      : candidates_(candidates), word_(name, memory), blocks_(word_.view(), word_.positions(), memory) {}
 
   /// The candidates nearest to the word in size come first: the better the best is, the fewer are looked at closely.
   [[nodiscard]] const Text* nearest() {

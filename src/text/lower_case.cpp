@@ -91,12 +91,13 @@ Text lower_ascii(std::string_view text) {
 /// The lower case of a text that stands in its cell, nothing where it is not all ASCII.
 std::optional<Text> lower_short(std::string_view text) noexcept {
   std::array<char, detail::inline_text_size> bytes;
-  bool all_ascii = true;
+  unsigned any = 0;
   for (std::size_t offset = 0; offset < text.size(); ++offset) {
-    bytes[offset] = ascii_lower(text[offset]);
-    all_ascii = all_ascii && is_ascii(text[offset]);
+    const unsigned byte = static_cast<unsigned char>(text[offset]);
+    any |= byte;
+    bytes[offset] = static_cast<char>(byte | (byte - 'A' < 26U ? 0x20U : 0U));
   }
-  return all_ascii ? std::optional<Text>(std::string_view(bytes.data(), text.size())) : std::nullopt;
+  return any < 0x80 ? std::optional<Text>(std::string_view(bytes.data(), text.size())) : std::nullopt;
 }
 
 }  // namespace
