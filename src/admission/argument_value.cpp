@@ -17,27 +17,20 @@ namespace {
 
 using Found = Finding::Kind;
 
-Finding& add_finding(Findings& findings, Found kind, const Argument& argument) {
-  Finding& finding = add_finding(findings, kind, argument.tool);
-  finding.argument = argument.name;
-  finding.parameter = argument.param.spec;
-  finding.sent = argument.sent;
-  return finding;
-}
-
 // Both are faults of the declaration, not of the request.
 
-[[noreturn, gnu::noinline]] void throw_unknown_type(const Argument& argument) {
+[[noreturn, gnu::noinline]] void throw_unknown_type(const SentArgument& argument) {
   throw KeyError("no type is named '" + std::string(argument.param.spec->type) + "', which parameter '" +
                  std::string(argument.param.spec->name) + "' of " + std::string(argument.tool.declared.name) +
                  " is declared with");
 }
 
-[[noreturn, gnu::noinline]] void throw_no_number(std::string_view side, const Value& bound, const Argument& argument) {
-  std::string message = "the ";
-  message.append(side).append(" of parameter '").append(argument.param.spec->name).append("' of ");
+[[noreturn, gnu::noinline]] void throw_no_number(std::string_view side, const Value& bound,
+                                                 const SentArgument& argument) {
+  TextBuilder message;
+  message.append("the ").append(side).append(" of parameter '").append(argument.param.spec->name).append("' of ");
   append_quoted_form(message.append(argument.tool.declared.name).append(" must be a number, not "), bound);
-  throw TypeError(message);
+  throw TypeError(message.view());
 }
 
 Value as_texts(const Value& list) {
@@ -54,7 +47,7 @@ Value as_texts(const Value& list) {
 }
 
 /// The declared value that `value` names, null when it names none; that is a problem of its own.
-const Text* named_value(const Argument& argument, const Value& value, Findings& findings) {
+const Text* named_value(const SentArgument& argument, const Value& value, Findings& findings) {
   const std::vector<Text>& lowered = argument.param.lowered_enum;
   const Text key = text::lower_case(text::strip(plain_form(value)));
   const auto found = std::find(lowered.begin(), lowered.end(), key);
@@ -65,13 +58,13 @@ const Text* named_value(const Argument& argument, const Value& value, Findings& 
   return nullptr;
 }
 
-Value _enum_value(const Argument& argument, const Value& value, Findings& findings) {
+Value _enum_value(const SentArgument& argument, const Value& value, Findings& findings) {
   const Text* const declared = named_value(argument, value, findings);
   return declared == nullptr ? Value() : Value(*declared);
 }
 
 /// Every item is tried, so that each one that names no value has a problem of its own.
-Value _enum_values(const Argument& argument, const Value& list, Findings& findings) {
+Value _enum_values(const SentArgument& argument, const Value& list, Findings& findings) {
   const std::span<const Value> items = list.list();
   std::vector<Value> declared;
   declared.reserve(items.size());
@@ -83,7 +76,7 @@ Value _enum_values(const Argument& argument, const Value& list, Findings& findin
   return declared.size() == items.size() ? Value(std::move(declared)) : Value();
 }
 
-std::partial_ordering order_to(std::string_view side, const Value& bound, const Argument& argument,
+std::partial_ordering order_to(std::string_view side, const Value& bound, const SentArgument& argument,
                                const Value& value) {
   if (!is_number(bound)) {
     throw_no_number(side, bound, argument);
@@ -99,7 +92,7 @@ Value replacement_for(const detail::CompiledParam& param, const Value& bound) {
   return bound.is_floating() ? bound : Value(bound.integer().to_double());
 }
 
-Value _bounded(const Argument& argument, const Value& value, Findings& findings) {
+Value _bounded(const SentArgument& argument, const Value& value, Findings& findings) {
   if (!is_number(value)) {
     return value;
   }
@@ -117,7 +110,7 @@ Value _bounded(const Argument& argument, const Value& value, Findings& findings)
 }
 
 /// A value of the parameter's type, matched with its enumeration or clamped to its bounds.
-Value _within(const Argument& argument, const Value& value, Findings& findings) {
+Value _within(const SentArgument& argument, const Value& value, Findings& findings) {
   const bool has_enumeration = !argument.param.lowered_enum.empty();
   if (argument.param.type->type != TypeWord::array) {
     return has_enumeration ? _enum_value(argument, value, findings) : _bounded(argument, value, findings);
@@ -131,7 +124,7 @@ Value _within(const Argument& argument, const Value& value, Findings& findings) 
 
 }  // namespace
 
-Value _coerced(const Argument& argument, Findings& findings) {
+Value _coerced(const SentArgument& argument, Findings& findings) {
   if (argument.param.type == nullptr) {
     throw_unknown_type(argument);
   }
@@ -155,6 +148,14 @@ Finding& add_finding(Findings& findings, Finding::Kind kind, const detail::Compi
   Finding& finding = findings.emplace_back();
   finding.kind = kind;
   finding.tool = &tool;
+  return finding;
+}
+
+Finding& add_finding(Findings& findings, Finding::Kind kind, const SentArgument& argument) {
+  Finding& finding = add_finding(findings, kind, argument.tool);
+  finding.argument = argument.name;
+  finding.parameter = argument.param.spec;
+  finding.sent = argument.sent;
   return finding;
 }
 

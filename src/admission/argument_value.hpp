@@ -13,7 +13,7 @@ namespace tool_binding {
 using Findings = std::vector<Finding>;
 
 /// An argument that gives a declared parameter, for the length of one call.
-struct Argument {
+struct SentArgument {
   const detail::CompiledTool& tool;
   const detail::CompiledParam& param;
   const Text& name;
@@ -22,9 +22,10 @@ struct Argument {
 
 /// The value as its parameter's type, and as its enumeration spells it or within its bounds. Throws KeyError for a type
 /// word that is none of the five, TypeError for a bound that is not a number, and std::overflow_error.
-[[nodiscard]] Value _coerced(const Argument& argument, Findings& findings);
+[[nodiscard]] Value _coerced(const SentArgument& argument, Findings& findings);
 
-/// Adds a finding, of which the caller says the rest.
+/// Adds a finding about an argument, or about a request for `tool`, of which the caller says the rest.
+Finding& add_finding(Findings& findings, Finding::Kind kind, const SentArgument& argument);
 Finding& add_finding(Findings& findings, Finding::Kind kind, const detail::CompiledTool& tool);
 
 }  // namespace tool_binding

@@ -61,10 +61,15 @@ constexpr std::array<GapName, 18> gap_names = {{{"tool", Gap::tool},
                                                 {"taken", Gap::taken},
                                                 {"of_action", Gap::of_action}}};
 
-/// Words, and the gap that follows them.
+/// Words, and the gap that follows them. A block of one size is copied without a loop, and words are half of a message.
 struct Piece {
-  std::string_view words;
+  std::array<char, 32> words = {};
+  std::size_t size = 0;
   Gap gap = Gap::none;
+
+  consteval void set_words(std::string_view text) {
+    size = text.copy(words.data(), text.size() <= words.size() ? text.size() : throw "words longer than their block");
+  }
 };
 
 /// A message's words, taken apart when the layer is compiled. An unknown gap does not compile.
@@ -75,7 +80,7 @@ struct Template {
     std::string_view rest = text;
     for (Piece& piece : pieces) {
       const std::size_t open = rest.find('{');
-      piece.words = rest.substr(0, open);
+      piece.set_words(rest.substr(0, open));
       if (open == std::string_view::npos) {
         return;
       }
@@ -131,27 +136,19 @@ static_assert(are_in_order());
 
 const KindRow& row_of(Found kind) noexcept { return kind_rows[static_cast<std::size_t>(kind)]; }
 
-void append_proposal(std::string& out, std::string_view before, const Text& proposal) {
+void append_proposal(TextBuilder& out, std::string_view before, const Text& proposal) {
   if (!proposal.empty()) {
     out.append(before).append(proposal).append("'?");
   }
 }
 
-void append_taken(std::string& out, const detail::CompiledTool& tool) {
-  if (tool.param_names.empty()) {
-    out.append(" It takes none.");
-  } else {
-    out.append(" It takes: ").append(tool.joined_param_names).append(".");
-  }
-}
-
-void append_of_action(std::string& out, const Text& action) {
+void append_of_action(TextBuilder& out, const Text& action) {
   if (!action.empty()) {
     out.append(" '").append(action).append("'");
   }
 }
 
-void fill(std::string& out, Gap gap, const Finding& finding) {
+void fill(TextBuilder& out, Gap gap, const Finding& finding) {
   const detail::CompiledTool& tool = detail::compiled(*finding.tool);
   switch (gap) {
     case Gap::none:
@@ -194,7 +191,8 @@ void fill(std::string& out, Gap gap, const Finding& finding) {
     case Gap::proposal:
       return append_proposal(out, " Did you mean '", finding.proposal);
     case Gap::taken:
-      return append_taken(out, tool);
+      out.append(tool.taken);
+      return;
     case Gap::of_action:
       return append_of_action(out, finding.action);
   }
@@ -202,9 +200,9 @@ void fill(std::string& out, Gap gap, const Finding& finding) {
 
 }  // namespace
 
-void append_message(std::string& out, const Finding& finding) {
+void append_message(TextBuilder& out, const Finding& finding) {
   for (const Piece& piece : row_of(finding.kind).words.pieces) {
-    fill(out.append(piece.words), piece.gap, finding);
+    fill(out.append(piece.words, piece.size), piece.gap, finding);
     if (piece.gap == Gap::none) {
       return;
     }
@@ -212,30 +210,38 @@ void append_message(std::string& out, const Finding& finding) {
 }
 
 Text joined_problems(std::span<const Finding> findings) {
-  constexpr std::size_t enough_for_most = 400;
-  std::string joined;
+  TextBuilder joined;
   for (const Finding& finding : findings) {
     if (!is_problem(finding.kind)) {
       continue;
     }
-    if (joined.empty()) {
-      joined.reserve(enough_for_most);
-    } else {
+    if (!joined.empty()) {
       joined.append("; ");
     }
     append_message(joined, finding);
   }
-  return joined;
+  return joined.view();
 }
+
+std::vector<std::string> Verdict::messages(bool of_problems) const {
+  std::vector<std::string> messages;
+  messages.reserve(findings_.size());
+  for (const Finding& finding : findings_) {
+    if (is_problem(finding.kind) == of_problems) {
+      messages.push_back(finding.message());
+    }
+  }
+  return messages;
+}
+
+Text Verdict::refusal() const { return joined_problems(findings_); }
 
 std::string_view word_of(Finding::Kind kind) noexcept { return row_of(kind).word; }
 
 std::string Finding::message() const {
-  constexpr std::size_t enough_for_most = 80;
-  std::string message;
-  message.reserve(enough_for_most);
+  TextBuilder message;
   append_message(message, *this);
-  return message;
+  return std::string(message.view());
 }
 
 }  // namespace tool_binding

@@ -11,10 +11,10 @@ Value action_default(std::string_view tool, std::string_view name, std::string_v
 Value action_default(const ToolSpec& tool, std::string_view name, std::string_view action) {
   const ParamSpec* const param = tool.param(name);
   if (param == nullptr) {
-    std::string message = "the registry's ";
-    message.append(tool.name()).append(" tool declares no ");
+    TextBuilder message;
+    message.append("the registry's ").append(tool.name()).append(" tool declares no ");
     append_quoted_text(message, name);
-    throw LookupError(message);
+    throw LookupError(message.view());
   }
   const Value* const differing = param->action_defaults.find(action);
   return differing == nullptr ? param->default_ : *differing;

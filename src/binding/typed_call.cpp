@@ -6,7 +6,6 @@
 #include "compile/compiled_tool.hpp"
 #include "tool_binding/errors.hpp"
 #include "tool_binding/typed_handler.hpp"
-#include "values/forms.hpp"
 
 namespace tool_binding::detail {
 
@@ -18,17 +17,14 @@ std::string handler_of(const std::optional<ToolSpec>& tool) {
 }
 
 [[noreturn]] void throw_missing(const std::optional<ToolSpec>& tool, const Text& name) {
-  std::string message = handler_of(tool).append(" takes ");
-  append_quoted_text(message, name);
+  std::string message = handler_of(tool).append(" takes ").append(quoted_form(name));
   throw LookupError(message.append(", which the call does not have"));
 }
 
 /// Throws for a keyword that is none of what the parameter takes, whatever a caller sends.
 [[noreturn]] void throw_other(const std::optional<ToolSpec>& tool, const Parameter& parameter,
                               const KeywordArgument& given) {
-  std::string message = handler_of(tool).append(" takes ");
-  append_quoted_text(message, parameter.name);
-  message.append(" as ");
+  std::string message = handler_of(tool).append(" takes ").append(quoted_form(parameter.name)).append(" as ");
   message.append(parameter.item == nullptr ? parameter.type->name()
                                            : "a context item of the type " + std::string(parameter.item->name));
   message.append(", and was given ");
@@ -43,7 +39,7 @@ void add_problem(std::string& problems, const std::optional<ToolSpec>& tool, con
   if (tool) {
     problems.append(" of ").append(tool->name());
   }
-  append_quoted_form(problems.append(must).append(type.wanted()).append(", not "), value);
+  problems.append(must).append(type.wanted()).append(", not ").append(quoted_form(value));
 }
 
 /// Adds a problem for a value of the right kind that the type does not hold, or for each such item of a list.

@@ -76,7 +76,7 @@ const ActionSpec* ToolRecord::action(const Value& value) const {
   return found == NameIndex::absent ? nullptr : &declared.actions[found];
 }
 
-void append_unknown_action(std::string& out, const ToolRecord& tool, const Value& action) {
+void append_unknown_action(TextBuilder& out, const ToolRecord& tool, const Value& action) {
   append_plain_form(out.append("Unknown action '"), action);
   append_joined(out.append("' for ").append(tool.declared.name).append(": one of "), tool.action_names, ", ");
 }

@@ -2,11 +2,11 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 #include "registry/name_index.hpp"
 #include "tool_binding/tool_registry.hpp"
+#include "values/text_builder.hpp"
 
 namespace tool_binding::detail {
 
@@ -28,6 +28,6 @@ struct ToolRecord {
 };
 
 /// Appends the refusal of an action that the tool does not declare.
-void append_unknown_action(std::string& out, const ToolRecord& tool, const Value& action);
+void append_unknown_action(TextBuilder& out, const ToolRecord& tool, const Value& action);
 
 }  // namespace tool_binding::detail

@@ -31,9 +31,9 @@ const ParamSpec* ToolSpec::param(const Text& name) const noexcept {
 const ActionSpec* ToolSpec::action(const Value& value) const { return record_->action(value); }
 
 std::string ToolSpec::unknown_action_error(const Value& value) const {
-  std::string error;
+  TextBuilder error;
   detail::append_unknown_action(error, *record_, value);
-  return error;
+  return std::string(error.view());
 }
 
 }  // namespace tool_binding

@@ -3,7 +3,6 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 #include "tool_binding/detail/rounding.hpp"
@@ -22,7 +21,7 @@ constexpr std::size_t longest_double = 32;
 /// Appends the numbers that people write, of up to three decimal places, at a tenth of what the others cost. Returns
 /// whether `number` is one. A decimal of up to 15 digits that reads back as the same double is the only one so short;
 /// the comparison that tells it holds where the quotient is rounded to nearest.
-bool append_everyday_number(std::string& out, double number) {
+bool append_everyday_number(TextBuilder& out, double number) {
   constexpr double few_digits = 1e9;
   constexpr double half = 0.5;
   if (std::signbit(number) || !(number < few_digits) || !detail::rounds_to_nearest()) {
@@ -36,7 +35,7 @@ bool append_everyday_number(std::string& out, double number) {
       const std::int64_t decimals = scale == 1 ? 10 : scale + units % scale;  // after a 1, where the point will stand
       const char* const end = std::to_chars(point, buffer + sizeof buffer, decimals).ptr;
       *point = '.';
-      out.append(buffer, static_cast<std::size_t>(end - buffer));
+      out.append({buffer, static_cast<std::size_t>(end - buffer)});
       return true;
     }
   }
@@ -49,12 +48,12 @@ Text plain_form(const Value& value) {
   if (value.is_text()) {
     return value.shared_text();
   }
-  std::string form;
+  TextBuilder form;
   append_plain_form(form, value);
-  return Text(form);
+  return Text(form.view());
 }
 
-void append_plain_form(std::string& out, const Value& value) {
+void append_plain_form(TextBuilder& out, const Value& value) {
   if (value.is_text()) {
     out += value.text();
   } else if (value.is_floating()) {
@@ -64,7 +63,7 @@ void append_plain_form(std::string& out, const Value& value) {
   }
 }
 
-void append_floating(std::string& out, double number) {
+void append_floating(TextBuilder& out, double number) {
   if (append_everyday_number(out, number)) {
     return;
   }

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <array>
+#include <charconv>
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "values/forms.hpp"
@@ -18,8 +23,18 @@ std::size_t size_of(const Value& container) {
   return container.is_list() ? container.list().size() : container.mapping().size();
 }
 
+void append_integer(TextBuilder& out, const Value& value) {
+  const std::optional<std::int64_t> small = value.to_int64();
+  if (!small) {
+    out += value.integer().to_string();
+    return;
+  }
+  std::array<char, 20> digits;
+  out.append({digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), *small).ptr});
+}
+
 /// Writes a value that holds no others; of one that does, only the bracket that opens it.
-void append_or_open(std::string& out, const Value& value, std::vector<Level>& levels) {
+void append_or_open(TextBuilder& out, const Value& value, std::vector<Level>& levels) {
   switch (value.kind()) {
     case Kind::null:
       out += "None";
@@ -28,7 +43,7 @@ void append_or_open(std::string& out, const Value& value, std::vector<Level>& le
       out += value.boolean() ? "True" : "False";
       break;
     case Kind::integer:
-      value.integer().append_to(out);
+      append_integer(out, value);
       break;
     case Kind::floating:
       append_floating(out, value.floating());
@@ -45,7 +60,7 @@ void append_or_open(std::string& out, const Value& value, std::vector<Level>& le
 }
 
 /// The next item of the innermost level, after its key has been written where it has one.
-const Value& next_item(std::string& out, Level& level) {
+const Value& next_item(TextBuilder& out, Level& level) {
   const std::size_t index = level.next++;
   if (index != 0) {
     out += ", ";
@@ -62,12 +77,12 @@ const Value& next_item(std::string& out, Level& level) {
 }  // namespace
 
 std::string quoted_form(const Value& value) {
-  std::string form;
+  TextBuilder form;
   append_quoted_form(form, value);
-  return form;
+  return std::string(form.view());
 }
 
-void append_quoted_form(std::string& out, const Value& value) {
+void append_quoted_form(TextBuilder& out, const Value& value) {
   std::vector<Level> levels;
   append_or_open(out, value, levels);
   while (!levels.empty()) {

@@ -26,7 +26,7 @@ struct NumericEscape {
 
 constexpr NumericEscape numeric_escapes[] = {{0x100, 'x', 2}, {0x10000, 'u', 4}, {0x110000, 'U', 8}};
 
-void append_numeric_escape(std::string& out, char32_t code_point) {
+void append_numeric_escape(TextBuilder& out, char32_t code_point) {
   const auto* const row = std::find_if(std::begin(numeric_escapes), std::end(numeric_escapes),
                                        [&](const NumericEscape& escape) { return code_point < escape.below; });
   out += '\\';
@@ -36,7 +36,7 @@ void append_numeric_escape(std::string& out, char32_t code_point) {
   }
 }
 
-void append_escape(std::string& out, char32_t code_point, char quote) {
+void append_escape(TextBuilder& out, char32_t code_point, char quote) {
   if (code_point == static_cast<unsigned char>(quote)) {
     out += '\\';
     out += quote;
@@ -70,7 +70,7 @@ std::size_t unchanged_size(std::string_view text, char quote) noexcept {
 
 }  // namespace
 
-void append_quoted_text(std::string& out, std::string_view text) {
+void append_quoted_text(TextBuilder& out, std::string_view text) {
   const bool has_single = text.find('\'') != std::string_view::npos;
   const char quote = has_single && text.find('"') == std::string_view::npos ? '"' : '\'';
   out += quote;

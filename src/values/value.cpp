@@ -93,12 +93,12 @@ Value::Value(std::vector<Value> items) : cell_(Tag::list_node, head(new detail::
 Value::Value(ArgumentMap entries) : cell_(Tag::mapping_node, head(new detail::MappingNode(std::move(entries)))) {}
 
 void Value::throw_wrong_kind(Kind wanted) const {
-  std::string message = "the value is ";
-  message.append(kind_words(kind()));
+  TextBuilder message;
+  message.append("the value is ").append(kind_words(kind()));
   if (is_text() && text().size() <= longest_shown) {
     append_quoted_form(message.append(" "), *this);
   }
-  throw TypeError(message.append(", not ").append(kind_words(wanted)));
+  throw TypeError(message.append(", not ").append(kind_words(wanted)).view());
 }
 
 std::span<const Value> Value::list() const {
