@@ -35,12 +35,13 @@ ToolDeclaration declaration(std::int64_t params, const char* type) {
 /// A request that gives every one of `state.range(0)` parameters.
 void parameters(benchmark::State& state) {
   const ToolSpec tool(declaration(state.range(0), "integer"));
-  Handler handler;
+  std::vector<Parameter> parameters;
   ArgumentMap arguments;
   for (const Text& name : tool.param_names()) {
-    handler.signature.parameters.push_back({name});
+    parameters.push_back({name});
     arguments.append(name, 1);
   }
+  const Handler handler = {.signature = {.parameters = std::move(parameters)}, .function = {}};
   for (auto _ : state) {
     benchmark::DoNotOptimize(walk(tool, handler, arguments));
   }

@@ -3,6 +3,8 @@
 
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace tool_binding::bench {
 
@@ -30,13 +32,12 @@ ToolDeclaration search_declaration() {
 }
 
 Handler search_handler() {
-  Handler handler;
-  handler.signature.parameters.push_back({ACTION_PARAM});
+  std::vector<Parameter> parameters = {{ACTION_PARAM}};
   for (const ParamSpec& param : search_declaration().params) {
-    handler.signature.parameters.push_back({param.name});
+    parameters.push_back({param.name});
   }
-  handler.signature.parameters.push_back({"root"});
-  return handler;
+  parameters.push_back({"root"});
+  return {.signature = {.parameters = std::move(parameters)}, .function = {}};
 }
 
 KeywordArguments daemon_context() {

@@ -9,6 +9,7 @@
 
 #include "model/model.hpp"
 #include "support/one_line.hpp"
+#include "tool_binding/call.hpp"
 #include "tool_binding/tool_schemas.hpp"
 
 namespace tool_binding::model {
@@ -188,6 +189,18 @@ const std::vector<Handler>& handlers() {
   return all;
 }
 
+/// A call made ready at once, with its keywords where it is admitted.
+struct Call {
+  Admission verdict;
+  KeywordArguments keywords = {};
+};
+
+bool same(const Call& left, const Call& right) {
+  return same(left.verdict, right.verdict) && same(left.keywords, right.keywords);
+}
+
+std::string shown(const Call& call) { return shown(call.verdict) + "\n  " + one_line(call.keywords); }
+
 std::string difference_in_keywords(const Tool& tool, const Handler& handler, const ArgumentMap& bound) {
   const auto model = [&] { return model::handler_kwargs(handler, bound, context()); };
   std::string found = difference(
@@ -203,9 +216,9 @@ const ParamSpec* declared(const Tool& tool, const ParamSpec* param) {
   return param == nullptr ? nullptr : &tool.declared.params.at(std::size_t(param - tool.record.params().data()));
 }
 
-Admission admission_by_layer(const Tool& tool, const ArgumentMap& request) {
-  const tool_binding::Admission given = tool_binding::admit(tool.record, request);
-  Admission admission{.arguments = given.arguments(), .alias_hit = given.alias_hit()};
+/// What the layer found, without the arguments.
+Admission verdict_by_layer(const Tool& tool, const Verdict& given) {
+  Admission admission{.alias_hit = given.alias_hit()};
   for (const tool_binding::Finding& finding : given.findings()) {
     admission.findings.push_back({.kind = finding.kind,
                                   .argument = finding.argument,
@@ -220,7 +233,42 @@ Admission admission_by_layer(const Tool& tool, const ArgumentMap& request) {
   return admission;
 }
 
+Admission admission_by_layer(const Tool& tool, const ArgumentMap& request) {
+  const tool_binding::Admission given = tool_binding::admit(tool.record, request);
+  Admission admission = verdict_by_layer(tool, given);
+  admission.arguments = given.arguments();
+  return admission;
+}
+
+/// The call as the model's three functions make it.
+Call call_by_model(const Tool& tool, const Handler& handler, const ArgumentMap& request) {
+  Call call{.verdict = model::admit(tool.declared, request)};
+  const bool is_refused = std::any_of(call.verdict.findings.begin(), call.verdict.findings.end(),
+                                      [](const Finding& finding) { return is_problem(finding.kind); });
+  if (!is_refused) {
+    call.keywords =
+        model::handler_kwargs(handler, model::bind_arguments(tool.declared, call.verdict.arguments), context());
+  }
+  call.verdict.arguments = {};
+  return call;
+}
+
+Call call_by_layer(const Tool& tool, const Handler& handler, const ArgumentMap& request) {
+  const PreparedCall given = tool_binding::prepare_call(tool.record, handler, request, context());
+  return {.verdict = verdict_by_layer(tool, given), .keywords = given.keywords()};
+}
+
 }  // namespace
+
+std::string difference_in_call(const Tool& tool, const ArgumentMap& request) {
+  std::string found;
+  for (const Handler& handler : handlers()) {
+    found += difference(
+        tool, "call of", request, [&] { return call_by_layer(tool, handler, request); },
+        [&] { return call_by_model(tool, handler, request); });
+  }
+  return found;
+}
 
 std::string difference_in_admission(const Tool& tool, const ArgumentMap& request) {
   return difference(
@@ -247,7 +295,8 @@ std::string difference_in_binding(const Tool& tool, const ArgumentMap& arguments
 
 std::string difference_in_walk(const Tool& tool, const ArgumentMap& request) {
   const auto model = [&] { return model::normalize_arguments(tool.declared, request); };
-  std::string found = difference_in_admission(tool, request) + difference_in_binding(tool, request);
+  std::string found =
+      difference_in_admission(tool, request) + difference_in_binding(tool, request) + difference_in_call(tool, request);
   found += difference(
       tool, "normalized arguments of", request, [&] { return tool_binding::normalize_arguments(tool.record, request); },
       model);

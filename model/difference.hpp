@@ -23,7 +23,10 @@ struct Tool {
 /// they were admitted or not.
 [[nodiscard]] std::string difference_in_binding(const Tool& tool, const ArgumentMap& arguments);
 
-/// Admission, the binding of the request as it came and, where it is admitted, of what became of it.
+/// The whole way to the keywords of handlers of several kinds at once, against the model's steps one after another.
+[[nodiscard]] std::string difference_in_call(const Tool& tool, const ArgumentMap& request);
+
+/// Admission, the call at once, the binding of the request as it came and, where it is admitted, of what became of it.
 [[nodiscard]] std::string difference_in_walk(const Tool& tool, const ArgumentMap& request);
 
 [[nodiscard]] std::string difference_in_missing(const Tool& tool, std::optional<std::string_view> action,

@@ -65,17 +65,11 @@ struct Finding {
   return kind >= Finding::Kind::unknown_parameter;
 }
 
-/// What came of a request: the arguments as its tool's handler takes them, or the problems for which it is refused.
-/// Refers to the record of its tool, as its findings do.
-class Admission {
+/// Whether a request is admitted, and what was found of it. Refers to the record of its tool, as its findings do.
+class Verdict {
  public:
   /// Whether the request is admitted: it has no problems.
   [[nodiscard]] bool is_admitted() const noexcept { return !has_problems_; }
-
-  /// The arguments under their declared names and types, within their bounds, as `NormalizedArguments` has them. Of a
-  /// refused request those that are no problem.
-  [[nodiscard]] const ArgumentMap& arguments() const& noexcept { return arguments_; }
-  [[nodiscard]] ArgumentMap arguments() && noexcept { return std::move(arguments_); }
 
   /// Notes and problems in the order in which they were found.
   [[nodiscard]] std::span<const Finding> findings() const& noexcept { return findings_; }
@@ -93,15 +87,29 @@ class Admission {
   /// The messages of the problems joined by "; ": what an ArgumentError says. Empty for an admitted request.
   [[nodiscard]] Text refusal() const;
 
- private:
-  friend class Normalizing;
+ protected:
+  Verdict() noexcept = default;
 
-  [[nodiscard]] std::vector<std::string> messages(bool of_problems) const;
-
-  ArgumentMap arguments_;
   std::vector<Finding> findings_;
   bool alias_hit_ = false;
   bool has_problems_ = false;
+
+ private:
+  [[nodiscard]] std::vector<std::string> messages(bool of_problems) const;
+};
+
+/// What came of a request: the arguments as its tool's handler takes them, or the problems for which it is refused.
+class Admission : public Verdict {
+ public:
+  /// The arguments under their declared names and types, within their bounds, as `NormalizedArguments` has them. Of a
+  /// refused request those that are no problem.
+  [[nodiscard]] const ArgumentMap& arguments() const& noexcept { return arguments_; }
+  [[nodiscard]] ArgumentMap arguments() && noexcept { return std::move(arguments_); }
+
+ private:
+  friend Admission admit(const ToolSpec& tool, const ArgumentMap& arguments);
+
+  ArgumentMap arguments_;
 };
 
 /// Admits one request. A request that the tool cannot take is an answer like any other, and is not thrown. Throws

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -34,6 +36,8 @@ inline constexpr BaseClasses<Bases...> bases = {};
 class KeywordArgument {
  public:
   KeywordArgument(Value value) noexcept : held_(std::move(value)) {}  // NOLINT(google-explicit-constructor)
+
+  KeywordArgument(const Value& value, detail::WithoutNodes known) noexcept : held_(value, known) {}
 
   /// A context item that shares `item`, whatever its type. It is handed out as `Item`, as each of `Bases`, and as the
   /// constants of these.
@@ -133,9 +137,36 @@ struct Parameter {
   const detail::ItemType* item = nullptr;
 };
 
-/// The parameters that a handler declares, in declaration order.
+namespace detail {
+class NameIndex;
+}
+
+/// The parameters of a handler, in declaration order: a list that is made once and then only read. Their names are
+/// indexed as it is made, so that no call compares what a daemon offers with all of them.
+class Parameters {
+ public:
+  Parameters() noexcept = default;
+  Parameters(std::vector<Parameter> listed);  // NOLINT(google-explicit-constructor)
+  Parameters(std::initializer_list<Parameter> listed) : Parameters(std::vector<Parameter>(listed)) {}
+
+  [[nodiscard]] std::size_t size() const noexcept { return listed_.size(); }
+  [[nodiscard]] bool empty() const noexcept { return listed_.empty(); }
+  [[nodiscard]] const Parameter& operator[](std::size_t place) const noexcept { return listed_[place]; }
+  [[nodiscard]] auto begin() const noexcept { return listed_.begin(); }
+  [[nodiscard]] auto end() const noexcept { return listed_.end(); }
+
+  /// Whether a handler with these parameters takes that keyword: one is of that name and NAMED, or takes any.
+  [[nodiscard]] bool take(const Text& keyword) const noexcept;
+
+ private:
+  std::vector<Parameter> listed_;
+  std::shared_ptr<const detail::NameIndex> named_;  ///< null where none is NAMED
+  bool take_any_ = false;
+};
+
+/// What a handler declares.
 struct Signature {
-  std::vector<Parameter> parameters;
+  Parameters parameters;
   /// Whether the function takes what is listed here and nothing else, so that a parameter which the tool declares and
   /// this leaves out is a fault.
   bool complete = false;

@@ -39,6 +39,10 @@ struct MapEntry {
       noexcept(std::is_nothrow_constructible_v<Mapped, Other&&>)
       : name(std::move(other.name)), value(std::move(other.value)) {}
 
+  template <class Other>
+  MapEntry(const Text& given_name, const Other& given_value, detail::WithoutNodes known) noexcept
+      : name(given_name, known), value(given_value, known) {}
+
   friend bool operator==(const MapEntry&, const MapEntry&) = default;
 };
 
@@ -68,6 +72,9 @@ class OrderedMap {
   /// away keeps the room that it has, and loses its entries.
   template <class Other>
   OrderedMap(const OrderedMap<Other>& other, std::size_t more) : entries_(other.entries_, more) {}
+  template <class Other>
+  OrderedMap(const OrderedMap<Other>& other, std::size_t more, detail::WithoutNodes known)
+      : entries_(other.entries_, more, known) {}
   template <class Other>
   explicit OrderedMap(OrderedMap<Other>&& other) noexcept : entries_(std::move(other.entries_)) {
     other = {};

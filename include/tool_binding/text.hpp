@@ -38,6 +38,7 @@ class Text {
       : cell_(std::string_view(bytes)) {}
 
   Text(const Text&) noexcept = default;
+  Text(const Text& other, detail::WithoutNodes known) noexcept : cell_(other.cell_, known) {}
   Text(Text&& other) noexcept : cell_(other.cell_, detail::Tag::empty_text) {}
   Text& operator=(Text other) noexcept {
     cell_.swap(other.cell_);

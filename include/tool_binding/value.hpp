@@ -66,6 +66,7 @@ class Value {
   Value(ArgumentMap entries);  // NOLINT(google-explicit-constructor)
 
   Value(const Value&) noexcept = default;
+  Value(const Value& other, detail::WithoutNodes known) noexcept : cell_(other.cell_, known) {}
   Value(Value&& other) noexcept : cell_(other.cell_, detail::Tag::null) {}
   Value& operator=(Value other) noexcept {
     cell_.swap(other.cell_);

@@ -34,6 +34,12 @@ void nowhere(ShapeFaults& faults, const Node& node, const std::string& place, Re
   read_field(faults, node, place, unread);
 }
 
+void into_parameters(ShapeFaults& faults, const Node& node, const std::string& place, Signature& signature) {
+  std::vector<Parameter> listed;
+  read_field(faults, node, place, listed);
+  signature.parameters = std::move(listed);
+}
+
 void into_signature(ShapeFaults& faults, const Node& node, const std::string& place, RegistryEntry& entry) {
   entry.handler.signature = {};
   read_field(faults, node, place, entry.handler.signature);
@@ -50,8 +56,7 @@ std::span<const Key<Parameter>> keys() {
 
 template <>
 std::span<const Key<Signature>> keys() {
-  static constexpr std::array<Key<Signature>, 2> rows{
-      {{"parameters", into<&Signature::parameters>}, {"description", nowhere}}};
+  static constexpr std::array<Key<Signature>, 2> rows{{{"parameters", into_parameters}, {"description", nowhere}}};
   return rows;
 }
 
@@ -125,7 +130,7 @@ void find_repeated(ShapeFaults& faults, const Node& node, const std::string& pla
 }  // namespace
 
 void read_field(ShapeFaults& faults, const Node& node, const std::string& place, RegistryEntry& entry) {
-  entry.handler.signature.parameters = {{"keywords", Parameter::Kind::VAR_KEYWORD}};
+  entry.handler.signature.parameters = {Parameter{.name = "keywords", .kind = Parameter::Kind::VAR_KEYWORD}};
   const std::size_t found_before = faults.all().size();
   read_members(faults, node, place, entry);
   const std::span<const RegistryFinding> found = faults.all().subspan(found_before);

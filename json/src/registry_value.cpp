@@ -39,9 +39,8 @@ void add_flag(ArgumentMap& object, std::string_view key, bool flag) {
 }
 
 /// The values of `records`, each made by `value_of`.
-template <class Record>
-void add_list(ArgumentMap& object, std::string_view key, const std::vector<Record>& records,
-              Value (*value_of)(const Record&)) {
+template <class Records, class Record>
+void add_list(ArgumentMap& object, std::string_view key, const Records& records, Value (*value_of)(const Record&)) {
   if (records.empty()) {
     return;
   }

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "admission/argument_value.hpp"
@@ -17,10 +18,10 @@ namespace tool_binding {
 struct Slot {
   static constexpr std::uint32_t not_stored = std::numeric_limits<std::uint32_t>::max();
 
-  std::uint32_t place = not_stored;  ///< in the admitted arguments
+  std::uint32_t index = not_stored;  ///< of its value in the row
   bool named = false;                ///< whether the request gave it as such, with a value that says something
 
-  [[nodiscard]] bool stored() const noexcept { return place != not_stored; }
+  [[nodiscard]] bool stored() const noexcept { return index != not_stored; }
 };
 
 /// The slots of a tool, without a heap allocation for all but very large tools.
@@ -32,7 +33,7 @@ class Slots {
       slots_ = elsewhere_.data();
     } else {
       slots_ = here.data();
-      std::fill_n(slots_, count, Slot());
+      std::uninitialized_fill_n(slots_, count, Slot());
     }
   }
   Slots(const Slots&) = delete;
@@ -50,10 +51,16 @@ class Slots {
 
 /// The state of one request's admission: what was taken, changed and found wrong. Lives for one call: every argument is
 /// handed to `take` once, in the request's order, and then `settle` is called once.
+///
+/// What is admitted goes into a `Row`, which says where: `add(slot, value)` puts the first value of a slot into the row
+/// and returns its index there, `replace(index, value)` puts a later one at that index, `at(index)` is the value there,
+/// and `add_action(name)` takes the default action of a tool that declares no actions.
+template <class Row>
 class Normalizing {
  public:
-  /// A fresh state for a request of `argument_count` arguments. `admission` is empty, and outlives the state.
-  Normalizing(const detail::CompiledTool& tool, std::size_t argument_count, Admission& admission);
+  /// A fresh state. `findings` is empty; both outlive the state.
+  Normalizing(const detail::CompiledTool& tool, Row& admitted, Findings& found)
+      : spec(tool), row(admitted), findings(found), slots(tool.bound_defaults.size()) {}
 
   /// Takes one argument of the request.
   void take(const Text& name, const Value& value);
@@ -61,33 +68,35 @@ class Normalizing {
   /// Settles which action the request runs, and what that needs.
   void settle();
 
+  /// Whether the request named a parameter or an action by a synonym.
+  [[nodiscard]] bool has_alias_hit() const noexcept { return alias_hit; }
+
  private:
   using Param = detail::CompiledParam;
 
-  // taking.cpp
+  // taking.hpp
   void _take_reserved_or_other(const Text& name, const Value& value);
   void _take_synonym(const Text& name, const Param& param, const Value& value);
   void _take_value(const Text& name, const Param& param, const Value& value);
   void _take_action(const Value& value);
   void _unknown_parameter(const Text& name, const Value& value);
-  void _store(std::uint32_t slot, const Value& value) {
+  template <class Content>
+  void _store(std::uint32_t slot, Content&& value) {
     if (slots[slot].stored()) {
-      arguments.replace_at(slots[slot].place, value);
+      row.replace(slots[slot].index, std::forward<Content>(value));
     } else {
-      slots[slot].place = static_cast<std::uint32_t>(arguments.size());
-      arguments.append(spec.bound_defaults[slot].name, value);
+      slots[slot].index = row.add(slot, std::forward<Content>(value));
     }
   }
 
-  // settling.cpp
+  // settling.hpp
   [[nodiscard]] std::optional<Text> _action();
   void _check_required(const std::optional<Text>& action);
 
   const detail::CompiledTool& spec;
-  ArgumentMap& arguments;
+  Row& row;
   Findings& findings;
-  bool& alias_hit;
-  bool& has_problems;
+  bool alias_hit = false;
   Slots slots;
   bool _action_refused = false;
 };

@@ -18,15 +18,14 @@ constexpr std::size_t room_for_context = 4;
 template <class Give>
 ArgumentMap _bound(const ToolSpec& tool, const ArgumentMap& arguments, const Give& give) {
   const detail::CompiledTool& compiled = detail::compiled(tool);
-  ArgumentMap bound(compiled.bound_defaults, room_for_context);
+  auto bound = compiled.fresh_row<ArgumentMap>(room_for_context);
   for (std::size_t place = 0; place < arguments.size(); ++place) {
     if (const std::uint32_t slot = compiled.slots.find(arguments[place].name); slot != detail::NameIndex::absent) {
       give(bound, slot, place);
     }
   }
   if (compiled.binds_action) {
-    const Value& named = bound[compiled.action_slot].value;
-    if (!named.is_text() || compiled.actions.find(named.shared_text()) == detail::NameIndex::absent) {
+    if (const Value& named = bound[compiled.action_slot].value; !compiled.declares_action(named)) {
       bound.replace_at(compiled.action_slot, detail::effective_action(tool, named));
     }
   }

@@ -2,37 +2,32 @@
 #include <utility>
 #include <vector>
 
+#include "registry/name_index.hpp"
 #include "tool_binding/tool_binding.hpp"
 
 namespace tool_binding {
 
+Parameters::Parameters(std::vector<Parameter> listed) : listed_(std::move(listed)) {
+  detail::NameIndex named;
+  bool names_any = false;
+  for (const Parameter& parameter : listed_) {
+    take_any_ = take_any_ || parameter.kind == Parameter::Kind::VAR_KEYWORD;
+    names_any = (parameter.kind == Parameter::Kind::NAMED && named.add(parameter.name, 0)) || names_any;
+  }
+  if (names_any) {
+    named_ = std::make_shared<const detail::NameIndex>(std::move(named));
+  }
+}
+
+bool Parameters::take(const Text& keyword) const noexcept {
+  return take_any_ || (named_ != nullptr && named_->find(keyword) != detail::NameIndex::absent);
+}
+
 namespace {
 
-using Parameters = std::vector<Parameter>;
-
-bool _takes_any_keyword(const Parameters& parameters) noexcept {
-  for (const Parameter& parameter : parameters) {
-    if (parameter.kind == Parameter::Kind::VAR_KEYWORD) {
-      return true;
-    }
-  }
-  return false;
-}
-
-bool _names(const Parameters& parameters, const Text& keyword) noexcept {
-  for (const Parameter& parameter : parameters) {
-    if (keyword == parameter.name && parameter.kind == Parameter::Kind::NAMED) {
-      return true;
-    }
-  }
-  return false;
-}
-
 void _add_context(KeywordArguments& keywords, const Handler& handler, const KeywordArguments& context) {
-  const Parameters& parameters = handler.signature.parameters;
-  const bool takes_any = _takes_any_keyword(parameters);
   for (const auto& [name, item] : context) {
-    if (!takes_any && !_names(parameters, name)) {
+    if (!handler.signature.parameters.take(name)) {
       continue;
     }
     if (const std::size_t place = keywords.linear_search(name); place != keywords.size()) {

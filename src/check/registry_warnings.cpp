@@ -243,16 +243,9 @@ void WarningChecker::check_handler(const RegistryEntry& entry, const std::string
   if (entry.handler.signature.complete) {
     return;  // what it leaves out is an error
   }
-  const std::vector<Parameter>& declared = entry.handler.signature.parameters;
-  const auto takes = [&](const Text& name) {
-    return std::any_of(declared.begin(), declared.end(), [&](const Parameter& parameter) {
-      return parameter.kind == Parameter::Kind::VAR_KEYWORD ||
-             (parameter.kind == Parameter::Kind::NAMED && parameter.name == name);
-    });
-  };
   const ToolSpec tool(entry.tool);
   for (const auto& [name, value] : detail::compiled(tool).bound_defaults) {
-    if (!takes(name)) {
+    if (!entry.handler.signature.parameters.take(name)) {
       findings_.add(Fault::keyword_without_taker, place, {quoted(name)});
     }
   }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "compile/compiled_tool.hpp"
 
+#include <algorithm>
 #include <utility>
 
 #include "text/lower_case.hpp"
@@ -24,6 +25,12 @@ ArgumentMap make_bound_defaults(const ToolDeclaration& declared) {
   return defaults;
 }
 
+bool holds_node(const ArgumentMap::Entry& entry) {
+  const Value& value = entry.value;
+  return cell_of(entry.name).holds_node() || value.is_list() || value.is_mapping() ||
+         (value.is_text() && cell_of(value.shared_text()).holds_node()) || (value.is_integer() && !value.to_int64());
+}
+
 NameIndex index_slots(const ArgumentMap& bound_defaults) {
   NameIndex slots;
   for (std::uint32_t index = 0; index < bound_defaults.size(); ++index) {
@@ -38,6 +45,12 @@ std::vector<Text> names_and_synonyms(const ToolRecord& tool) {
     names.insert(names.end(), param.synonyms.begin(), param.synonyms.end());
   }
   return names;
+}
+
+std::string list_taken(const std::vector<Text>& names) {
+  TextBuilder list;
+  append_joined(list.append(names.empty() ? " It takes none" : " It takes: "), names, ", ");
+  return std::string(list.append(".").view());
 }
 
 CompiledParam compile(const ParamSpec& param, const NameIndex& slots) {
@@ -58,11 +71,12 @@ CompiledParam compile(const ParamSpec& param, const NameIndex& slots) {
 CompiledTool::CompiledTool(ToolDeclaration declaration)
     : ToolRecord(std::move(declaration)),
       bound_defaults(make_bound_defaults(declared)),
+      defaults_hold_nodes(std::any_of(bound_defaults.begin(), bound_defaults.end(), holds_node)),
       named_params(bound_defaults.size()),
       binds_action(!declared.actions.empty()),
+      taken(list_taken(param_names)),
       near_params(names_and_synonyms(*this)),
       near_actions(action_names) {
-  append_joined(joined_param_names, param_names, ", ");
   slots = index_slots(bound_defaults);
   action_slot = slots.find(ACTION_PARAM);
   compiled_params.reserve(declared.params.size());

@@ -32,20 +32,32 @@ struct CompiledTool : ToolRecord {
     return index == NameIndex::absent ? nullptr : &compiled_params[index];
   }
 
+  /// A copy of the bound defaults, to bind a request in, with room for `more` entries.
+  template <class Map>
+  [[nodiscard]] Map fresh_row(std::size_t more) const {
+    return defaults_hold_nodes ? Map(bound_defaults, more) : Map(bound_defaults, more, WithoutNodes());
+  }
+
+  /// Whether `value` is the declared name of an action.
+  [[nodiscard]] bool declares_action(const Value& value) const {
+    return value.is_text() && actions.find(value.shared_text()) != NameIndex::absent;
+  }
+
   std::vector<CompiledParam> compiled_params;  ///< in declared order
   std::vector<std::uint32_t> needed;           ///< the positions of those that any call needs
 
   /// Every name that a bound map holds has a slot: its index in that map.
   NameIndex slots;
   ArgumentMap bound_defaults;  ///< the bound map of a request that gives nothing, but for the action that it runs
+  bool defaults_hold_nodes;    ///< whether a copy of that map has to count references
   /// By slot, the parameter that an argument of the slot's name gives; null for a reserved name.
   std::vector<const CompiledParam*> named_params;
   std::uint32_t action_slot;  ///< the slot of ACTION_PARAM, or NameIndex::absent
   bool binds_action;          ///< whether the bound action is what the request runs: no parameter has its name
 
-  std::string joined_param_names;  ///< as a refusal lists them
-  NearCandidates near_params;      ///< declared names, then synonyms
-  NearCandidates near_actions;     ///< declared names
+  std::string taken;            ///< the names of the parameters, as a refusal lists them
+  NearCandidates near_params;   ///< declared names, then synonyms
+  NearCandidates near_actions;  ///< declared names
 };
 
 /// Every `ToolSpec` is made by the compile stage.

@@ -151,6 +151,14 @@ TEST_P(OneParameterOfType, IsAdmittedAsTheModelHasIt) {
   });
 }
 
+/// The way to the keywords at once differs by what is stored and what is bound, not by how a value is read.
+TEST_P(OneParameterOfType, IsCalledWithAsTheModelHasIt) {
+  for (const Need& need : needs) {
+    expect_alike(tool_with({.name = "p", .type = GetParam().word, .synonyms = {"q", "r"}}, need, false),
+                 model::difference_in_call);
+  }
+}
+
 /// What the fast path takes as it is, the slow way takes unchanged and says nothing of it.
 TEST_P(OneParameterOfType, IsTakenByTheFastPathWhereNothingIsToBeDone) {
   int taken_fast = 0;

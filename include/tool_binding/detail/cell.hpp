@@ -124,6 +124,9 @@ struct ShortText {
 
 static_assert(std::endian::native == std::endian::little, "the tag is the last byte of a cell");
 
+/// Says of what is copied that no cell of it holds a node: its bytes are copied, and nothing is counted.
+struct WithoutNodes {};
+
 class Cell {
  public:
   explicit Cell(Tag tag) noexcept : high_(shifted(tag)) {}
@@ -149,6 +152,8 @@ class Cell {
       node()->add_reference();
     }
   }
+
+  Cell(const Cell& other, WithoutNodes /*known*/) noexcept : low_(other.low_), high_(other.high_) {}
 
   /// Takes over `other`, which holds `left_behind` afterwards.
   Cell(Cell& other, Tag left_behind) noexcept : low_(other.low_), high_(other.high_) {

@@ -8,6 +8,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "tool_binding/detail/cell.hpp"
+
 #pragma GCC visibility push(default)
 
 namespace tool_binding::detail {
@@ -25,6 +27,13 @@ class EntryRow {
       : entries_(room_for(other.size_ + more)), size_(other.size_), capacity_(other.size_ + more) {
     static_assert(std::is_nothrow_constructible_v<Entry, const Other&>);
     std::uninitialized_copy_n(other.entries_, size_, entries_);
+  }
+  template <class Other>
+  EntryRow(const EntryRow<Other>& other, std::size_t more, WithoutNodes known) : EntryRow(other.size_ + more) {
+    for (; size_ < other.size_; ++size_) {
+      const Other& entry = other.entries_[size_];
+      ::new (static_cast<void*>(end())) Entry(entry.name, entry.value, known);
+    }
   }
   EntryRow(const EntryRow& other) : EntryRow(other, 0) {}
   EntryRow(EntryRow&& other) noexcept { swap(other); }

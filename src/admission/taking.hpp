@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include <algorithm>
+#pragma once
 
 #include "admission/normalizing.hpp"
 #include "near_names/nearest.hpp"
 #include "registry/routing_params.hpp"
 #include "text/white_space.hpp"
 
+/// Taking: what each argument of a request gives, by its name.
 namespace tool_binding {
-
-namespace {
-
-using Found = Finding::Kind;
 
 [[gnu::always_inline]] inline bool is_blank_text(const Value& value) {
   return value.is_text() && text::is_blank(value.text());
@@ -22,34 +19,13 @@ using Found = Finding::Kind;
 }
 
 /// The nearest declared name, empty when none is near.
-Text proposal_for(std::string_view name, const detail::NearCandidates& candidates) {
+inline Text proposal_for(std::string_view name, const detail::NearCandidates& candidates) {
   const Text* const near = _nearest(name, candidates);
   return near == nullptr ? Text() : *near;
 }
 
-}  // namespace
-
-Admission admit(const ToolSpec& tool, const ArgumentMap& arguments) {
-  Admission admission;
-  Normalizing state(detail::compiled(tool), arguments.size(), admission);
-  for (const auto& [name, value] : arguments) {
-    state.take(name, value);
-  }
-  state.settle();
-  return admission;
-}
-
-inline Normalizing::Normalizing(const detail::CompiledTool& tool, std::size_t argument_count, Admission& admission)
-    : spec(tool),
-      arguments(admission.arguments_),
-      findings(admission.findings_),
-      alias_hit(admission.alias_hit_),
-      has_problems(admission.has_problems_),
-      slots(tool.bound_defaults.size()) {
-  arguments.reserve(std::min(argument_count + 1, tool.bound_defaults.size()));
-}
-
-inline void Normalizing::take(const Text& name, const Value& value) {
+template <class Row>
+inline void Normalizing<Row>::take(const Text& name, const Value& value) {
   if (value.is_null()) {
     return;
   }
@@ -71,7 +47,8 @@ inline void Normalizing::take(const Text& name, const Value& value) {
 }
 
 /// Takes an argument whose name is not the declared one of a parameter.
-void Normalizing::_take_reserved_or_other(const Text& name, const Value& value) {
+template <class Row>
+void Normalizing<Row>::_take_reserved_or_other(const Text& name, const Value& value) {
   if (name == ACTION_PARAM) {
     _take_action(value);
   } else if (!is_routing_param(name)) {
@@ -81,28 +58,29 @@ void Normalizing::_take_reserved_or_other(const Text& name, const Value& value) 
 }
 
 /// A synonym's value is taken only while its parameter has none.
-void Normalizing::_take_synonym(const Text& name, const Param& param, const Value& value) {
+template <class Row>
+void Normalizing<Row>::_take_synonym(const Text& name, const Param& param, const Value& value) {
   if (is_left_out(param, value)) {
     return;
   }
   alias_hit = true;
   const bool given_too = slots[param.slot].named || slots[param.slot].stored();
-  Finding& finding = add_finding(findings, given_too ? Found::synonym_left_out : Found::synonym_read, spec);
-  finding.argument = name;
-  finding.parameter = param.spec;
-  finding.sent = value;
+  const auto kind = given_too ? Finding::Kind::synonym_left_out : Finding::Kind::synonym_read;
+  add_finding(findings, kind, SentArgument{spec, param, name, value});
   if (!given_too) {
     _take_value(name, param, value);
   }
 }
 
-void Normalizing::_take_value(const Text& name, const Param& param, const Value& value) {
-  if (const Value taken = _coerced({spec, param, name, value}, findings); !taken.is_null()) {
-    _store(param.slot, taken);
+template <class Row>
+void Normalizing<Row>::_take_value(const Text& name, const Param& param, const Value& value) {
+  if (Value taken = _coerced({spec, param, name, value}, findings); !taken.is_null()) {
+    _store(param.slot, std::move(taken));
   }
 }
 
-void Normalizing::_take_action(const Value& value) {
+template <class Row>
+void Normalizing<Row>::_take_action(const Value& value) {
   if (is_blank_text(value)) {
     return;
   }
@@ -111,30 +89,31 @@ void Normalizing::_take_action(const Value& value) {
     _store(spec.action_slot, value);
     return;
   }
-  Finding& finding = add_finding(findings, Found::unexpected_action, spec);
+  Finding& finding = add_finding(findings, Finding::Kind::unexpected_action, spec);
   finding.argument = ACTION_PARAM;
   finding.sent = value;
   if (action != nullptr) {
     alias_hit = true;
-    finding.kind = Found::action_synonym_read;
+    finding.kind = Finding::Kind::action_synonym_read;
     finding.used = action->name;
     _store(spec.action_slot, action->name);
     return;
   }
   _action_refused = true;
   if (!spec.declared.actions.empty()) {
-    finding.kind = Found::unknown_action;
+    finding.kind = Finding::Kind::unknown_action;
     finding.proposal = proposal_for(plain_form(value), spec.near_actions);
   }
 }
 
 /// A name that comes near a synonym is pointed to the declared name.
-void Normalizing::_unknown_parameter(const Text& name, const Value& value) {
+template <class Row>
+void Normalizing<Row>::_unknown_parameter(const Text& name, const Value& value) {
   Text near = proposal_for(name, spec.near_params);
   if (const Param* const param = near.empty() ? nullptr : spec.param(near)) {
     near = param->spec->name;
   }
-  Finding& finding = add_finding(findings, Found::unknown_parameter, spec);
+  Finding& finding = add_finding(findings, Finding::Kind::unknown_parameter, spec);
   finding.argument = name;
   finding.sent = value;
   finding.proposal = std::move(near);
