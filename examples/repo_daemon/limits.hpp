@@ -3,6 +3,8 @@
 
 #include <chrono>
 #include <cstddef>
+#include <stop_token>
+#include <utility>
 
 /// What one call may cost, whatever it finds in the directory that is served.
 namespace repo_daemon {
@@ -21,14 +23,16 @@ struct Limits {
 /// The bytes of a path from the root on, as a request gives it or a listing shows it.
 inline constexpr std::size_t most_path_bytes = 4096;
 
-/// When a call has to be done. Made as the call begins.
+/// When a call has to be done: in its time, or at once when nobody waits for it any more. Made as the call begins.
 class Deadline {
  public:
-  explicit Deadline(const Limits& limits) : end_(std::chrono::steady_clock::now() + limits.time) {}
+  explicit Deadline(const Limits& limits, std::stop_token stop = {})
+      : stop_(std::move(stop)), end_(std::chrono::steady_clock::now() + limits.time) {}
 
-  [[nodiscard]] bool has_passed() const { return std::chrono::steady_clock::now() >= end_; }
+  [[nodiscard]] bool has_passed() const { return stop_.stop_requested() || std::chrono::steady_clock::now() >= end_; }
 
  private:
+  std::stop_token stop_;
   std::chrono::steady_clock::time_point end_;
 };
 

@@ -134,10 +134,6 @@ char32_t take_character(std::string_view& text) noexcept {
   return character;
 }
 
-std::string well_formed(std::string_view text) {
-  return with_escapes(text, [](char32_t) { return false; });
-}
-
 std::string shown(std::string_view text, std::size_t most_bytes) {
   if (text.size() <= most_bytes) {
     return std::string(text);

@@ -29,9 +29,6 @@ class Lines {
 /// UTF-8 is taken alone, as U+DC00 and the byte: a surrogate, which no well-formed text holds.
 [[nodiscard]] char32_t take_character(std::string_view& text) noexcept;
 
-/// The text with U+FFFD for each byte that is not part of well-formed UTF-8, so that any reader of JSON takes it.
-[[nodiscard]] std::string well_formed(std::string_view text);
-
 /// At most that many bytes of a text, cut between characters, with "…" where it goes on.
 [[nodiscard]] std::string shown(std::string_view text, std::size_t most_bytes = 300);
 

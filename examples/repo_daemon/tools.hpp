@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tool_binding/registry_check.hpp"
+#include "tool_binding/server/server.hpp"
 
 namespace repo_daemon {
 
@@ -11,9 +12,9 @@ namespace repo_daemon {
 [[nodiscard]] tool_binding::RegistryEntry files_tool();
 [[nodiscard]] tool_binding::RegistryEntry status_tool();
 
-/// Declares all of them, in the order in which they are listed, and returns their handlers. Throws RegistryError with
-/// whatever a request could stumble over, doubtful declarations and context items that the daemon does not have
+/// A server of all of them, in the order in which they are listed, which declares them in `TOOLS`. Throws RegistryError
+/// with whatever a request could stumble over, doubtful declarations and context items that the daemon does not have
 /// included; none is declared then.
-[[nodiscard]] tool_binding::Handlers declare_all(const tool_binding::KeywordArguments& context);
+[[nodiscard]] tool_binding::server::Server served_tools(const tool_binding::KeywordArguments& context);
 
 }  // namespace repo_daemon

@@ -171,7 +171,7 @@ std::string Core::made_greeting(const Version& version) const {
 std::string Core::made_tool_list(const Version& version) const {
   std::vector<Value> listed;
   for (const Tool& tool : tools_) {
-    listed.push_back(listed_tool(*tool.spec, tool.served, version));
+    listed.push_back(listed_tool(*tool.spec, tool.served, version, options_.schemas));
   }
   ArgumentMap result = {{"tools", std::move(listed)}};
   if (version.is_modern) {

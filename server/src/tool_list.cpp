@@ -3,8 +3,6 @@
 
 #include <utility>
 
-#include "tool_binding/json/tool_list.hpp"
-
 namespace tool_binding::server::detail {
 
 namespace {
@@ -36,8 +34,8 @@ bool has_output_schema(const ServedTool& tool, const Version& version) {
   return version.has_any_structured || (type != nullptr && type->is("object"));
 }
 
-Value listed_tool(const ToolSpec& spec, const ServedTool& tool, const Version& version) {
-  ArgumentMap listed = json::advertised_tool(spec).mapping();
+Value listed_tool(const ToolSpec& spec, const ServedTool& tool, const Version& version, json::SchemaForm form) {
+  ArgumentMap listed = json::advertised_tool(spec, form).mapping();
   if (version.has_titles && !tool.title.empty()) {
     listed.append("title", tool.title);
   }

@@ -16,7 +16,7 @@ namespace tb = tool_binding;
 tb::Value files(const tb::KeywordArguments& arguments) {
   const Keywords keywords("files", arguments);
   const auto& repository = keywords.context<const Repository>("repository");
-  const Deadline deadline(repository.limits());
+  const Deadline deadline = keywords.deadline(repository.limits());
   Listing listing = repository.files_below(keywords.text_or("path", ""), chosen_by(keywords), deadline);
   std::stable_sort(listing.files.begin(), listing.files.end(),
                    [](const SourceFile& left, const SourceFile& right) { return left.modified > right.modified; });
@@ -56,8 +56,10 @@ tb::RegistryEntry files_tool() {
                            .minimum = 1,
                            .maximum = 1000,
                            .default_ = 50}}},
-      .handler = {.signature = {{{.name = "patterns"}, {.name = "path"}, {.name = "limit"}, {.name = "repository"}}},
-                  .function = files}};
+      .handler = {
+          .signature =
+              {{{.name = "patterns"}, {.name = "path"}, {.name = "limit"}, {.name = "repository"}, {.name = "call"}}},
+          .function = files}};
 }
 
 }  // namespace repo_daemon

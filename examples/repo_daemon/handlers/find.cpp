@@ -148,7 +148,7 @@ class Finding {
 
 std::string find_text(const Keywords& keywords, const Repository& repository) {
   Finding finding(keywords);
-  const Deadline deadline(repository.limits());
+  const Deadline deadline = keywords.deadline(repository.limits());
   const Listing listing = repository.files_below(keywords.text_or("path", ""), chosen_by(keywords), deadline);
   const auto look = [&](const SourceFile& file, std::string_view text) { finding.look_through(file, text); };
   const Reading reading = read_each(repository, listing.files, deadline, look);

@@ -3,6 +3,7 @@
 
 #include <limits>
 
+#include "tool_binding/server/call.hpp"
 #include "tool_binding/tool_binding.hpp"
 
 namespace repo_daemon {
@@ -62,6 +63,10 @@ std::optional<std::size_t> Keywords::count(const tb::Text& name) const {
 std::string Keywords::required_text(const tb::Text& name) const { return std::string(required(name).text()); }
 
 std::size_t Keywords::required_count(const tb::Text& name) const { return count_of(required(name)); }
+
+Deadline Keywords::deadline(const Limits& limits) const {
+  return Deadline(limits, context<tb::server::Call>("call").stop_token());
+}
 
 const tb::KeywordArgument& Keywords::at(const tb::Text& name) const {
   if (const tb::KeywordArgument* const keyword = keywords_.find(name); keyword != nullptr) {

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "limits.hpp"
 #include "tool_binding/handler.hpp"
 
 namespace repo_daemon {
@@ -37,6 +38,9 @@ class Keywords {
   /// A text without which the handler has nothing to do. Throws ArgumentError in the words in which admission refuses.
   [[nodiscard]] std::string required_text(const tool_binding::Text& name) const;
   [[nodiscard]] std::size_t required_count(const tool_binding::Text& name) const;
+
+  /// When this call has to be done.
+  [[nodiscard]] Deadline deadline(const Limits& limits) const;
 
   /// A context item, by the type with which the daemon offers it.
   template <class Item>

@@ -18,7 +18,7 @@ std::string line_of(const DirectoryEntry& entry) {
 
 std::string list_directory(const Keywords& keywords, const Repository& repository) {
   const DirectoryListing listing =
-      repository.entries_of(keywords.text_or("path", ""), chosen_by(keywords), Deadline(repository.limits()));
+      repository.entries_of(keywords.text_or("path", ""), chosen_by(keywords), keywords.deadline(repository.limits()));
   const std::size_t limit = keywords.required_count("limit");
   Report report;
   for (std::size_t place = 0; place < std::min(limit, listing.entries.size()); ++place) {

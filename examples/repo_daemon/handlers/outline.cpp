@@ -10,7 +10,7 @@ namespace repo_daemon {
 std::string outline_file(const Keywords& keywords, const Repository& repository) {
   const std::string path = repository.path_of(keywords.required_text("path"));
   const std::vector<std::string> kinds = keywords.texts("kinds");
-  const std::string text = repository.text_of(path, Deadline(repository.limits()));
+  const std::string text = repository.text_of(path, keywords.deadline(repository.limits()));
   const std::size_t limit = keywords.required_count("limit");
   std::size_t found = 0;
   Report report;

@@ -26,7 +26,7 @@ tb::Value read(const tb::KeywordArguments& arguments) {
   const Keywords keywords("read", arguments);
   const auto& repository = keywords.context<const Repository>("repository");
   const std::string path = repository.path_of(keywords.required_text("path"));
-  const std::string text = repository.text_of(path, Deadline(repository.limits()));
+  const std::string text = repository.text_of(path, keywords.deadline(repository.limits()));
   const std::size_t count = line_count(text);
   const std::size_t first = keywords.required_count("first_line");
   require_line(first, count, path);
@@ -78,7 +78,8 @@ tb::RegistryEntry read_tool() {
                                      {.name = "first_line"},
                                      {.name = "last_line"},
                                      {.name = "limit"},
-                                     {.name = "repository"}}},
+                                     {.name = "repository"},
+                                     {.name = "call"}}},
                       .function = read}};
 }
 

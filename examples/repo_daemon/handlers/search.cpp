@@ -103,7 +103,8 @@ tb::RegistryEntry search_tool() {
                                      {.name = "context_lines"},
                                      {.name = "kinds"},
                                      {.name = "limit"},
-                                     {.name = "repository"}}},
+                                     {.name = "repository"},
+                                     {.name = "call"}}},
                       .function = search}};
 }
 

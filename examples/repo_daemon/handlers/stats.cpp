@@ -51,7 +51,7 @@ std::vector<Counts> sorted(const std::map<std::string, Counts>& by_kind) {
 std::string count_lines(const Keywords& keywords, const Repository& repository) {
   std::map<std::string, Counts> by_kind;
   Counts total = {.kind = "in all"};
-  const Deadline deadline(repository.limits());
+  const Deadline deadline = keywords.deadline(repository.limits());
   const Listing listing = repository.files_below(keywords.text_or("path", ""), chosen_by(keywords), deadline);
   const auto count = [&](const SourceFile& file, std::string_view text) {
     const Counts counts = {kind_of(file.path), 1, line_count(text), text.size()};

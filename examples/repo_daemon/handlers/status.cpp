@@ -16,7 +16,7 @@ namespace tb = tool_binding;
 tb::Value status(const tb::KeywordArguments& arguments) {
   const Keywords keywords("status", arguments);
   const auto& repository = keywords.context<const Repository>("repository");
-  const Listing listing = repository.files_below("", Glob({}), Deadline(repository.limits()));
+  const Listing listing = repository.files_below("", Glob({}), keywords.deadline(repository.limits()));
   std::size_t bytes = 0;
   for (const SourceFile& file : listing.files) {
     bytes += static_cast<std::size_t>(file.bytes);
@@ -37,7 +37,7 @@ tb::Value status(const tb::KeywordArguments& arguments) {
 
 tb::RegistryEntry status_tool() {
   return {.tool = {.name = "status", .description = "Says which directory is served and what it holds."},
-          .handler = {.signature = {{{.name = "repository"}, {.name = "root"}}}, .function = status}};
+          .handler = {.signature = {{{.name = "repository"}, {.name = "call"}, {.name = "root"}}}, .function = status}};
 }
 
 }  // namespace repo_daemon

@@ -35,6 +35,11 @@ std::string with_root(std::string text, const std::string& root) {
 
 }  // namespace
 
+Conversation::Conversation() : daemon_({tree_.root()}) {
+  static_cast<void>(
+      ask(R"({"jsonrpc": "2.0", "id": 0, "method": "initialize", "params": {"protocolVersion": "2025-06-18"}})"));
+}
+
 Conversation::~Conversation() { EXPECT_EQ(daemon_.end(), 0) << "the daemon did not end as it should"; }
 
 void Conversation::tell(const std::string& line) { EXPECT_TRUE(daemon_.say(line + "\n")); }

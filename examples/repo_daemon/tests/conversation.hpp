@@ -12,7 +12,7 @@ namespace repo_daemon_test {
 /// A daemon that serves a fresh source tree, and a client that talks with it.
 class Conversation {
  public:
-  Conversation() : daemon_({tree_.root()}) {}
+  Conversation();
   ~Conversation();
 
   [[nodiscard]] SourceTree& tree() { return tree_; }

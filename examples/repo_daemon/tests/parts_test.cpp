@@ -22,9 +22,9 @@ namespace tb = tool_binding;
 /// The daemon's tools, declared once for all tests, as for all requests.
 void declare_tools_once() {
   static const repo_daemon::Repository repository(".");
-  static const tb::Handlers handlers =
-      repo_daemon::declare_all({{"repository", tb::KeywordArgument::context(repository)},
-                                {"root", tb::KeywordArgument::context(repository.root())}});
+  static const tb::server::Server server =
+      repo_daemon::served_tools({{"repository", tb::KeywordArgument::context(repository)},
+                                 {"root", tb::KeywordArgument::context(repository.root())}});
 }
 
 }  // namespace
@@ -142,7 +142,7 @@ TEST(RepoDaemonParts, show_any_bytes_as_text) {
       {"an end within a character", "a\xE2\x82", "a\xEF\xBF\xBD\xEF\xBF\xBD"},
   };
   for (const auto& row : rows) {
-    EXPECT_EQ(repo_daemon::well_formed(row.given), row.expected) << row.shows;
+    EXPECT_EQ(repo_daemon::shown_line(row.given), row.expected) << row.shows;
   }
 }
 
@@ -201,7 +201,7 @@ TEST(RepoDaemonParts, ask_the_registry_for_what_a_handler_lacks) {
 
 TEST(RepoDaemonParts, refuse_to_start_without_the_context_that_a_handler_takes) {
   try {
-    static_cast<void>(repo_daemon::declare_all({}));
+    static_cast<void>(repo_daemon::served_tools({}));
     FAIL() << "nothing was refused";
   } catch (const tb::RegistryError& error) {
     EXPECT_EQ(error.faults().size(), 5U);

@@ -96,7 +96,7 @@ TEST(RepoDaemonTools, refuse_what_the_registry_does_not_take) {
        "refused: there must not be more than 100 patterns, nor more than 400 bytes of them together"},
       {"a pattern that is never closed", "files", R"({"patterns": ["*.{cpp"]})",
        "refused: the pattern '*.{cpp' has a '{' without its '}': write '\\{' for the character itself"},
-      {"a tool", "serch", "{}", "error: unknown tool 'serch'"},
+      {"a tool", "serch", "{}", "error: Unknown tool 'serch'. Did you mean 'search'?"},
       {"arguments that are not an object", "read", "[]", "error: 'arguments' must be an object"},
   });
 }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "tool_binding/handler.hpp"
+#include "tool_binding/json/tool_list.hpp"
 #include "tool_binding/server/answer.hpp"
 #include "tool_binding/server/call.hpp"
 #include "tool_binding/server/served_tool.hpp"
@@ -58,6 +59,9 @@ struct Options {
   Limits limits = {};
   /// The context that is offered to all handlers, beside the call that each may take.
   KeywordArguments context = {};
+  /// The schemas that callers are told: `open` for clients that validate before they send, which would else send
+  /// nothing that admission could mend.
+  json::SchemaForm schemas = json::SchemaForm::common;
   /// Where the tools are declared: a table that the daemon keeps alive; null for one of the server's own.
   ToolTable* table = nullptr;
 };
