@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "support/walk.hpp"
+#include "support/questions.hpp"
 
 namespace tool_binding {
 namespace {
 
-class Admission : public testing::TestWithParam<const char*> {};
-
-TEST_P(Admission, IsAsTheRowsSay) { expect_walked(std::string(GetParam()) + ".rows"); }
-
-INSTANTIATE_TEST_SUITE_P(Rows, Admission,
-                         testing::Values("action", "coercion", "enumerations_and_bounds", "missing_arguments",
-                                         "normalize_arguments", "unknown_parameter"),
-                         [](const auto& file) { return std::string(file.param); });
+[[maybe_unused]] const bool rows =
+    test_rows("action", expect_answered) && test_rows("coercion", expect_answered) &&
+    test_rows("enumerations_and_bounds", expect_answered) && test_rows("missing_arguments", expect_answered) &&
+    test_rows("normalize_arguments", expect_answered) && test_rows("unknown_parameter", expect_answered);
 
 }  // namespace
 }  // namespace tool_binding

@@ -12,6 +12,7 @@ TEST(BindArguments, FindsAToolByItsName) {
   };
   EXPECT_EQ(bound("found"), "{p: 'a', n: None}");
   EXPECT_EQ(bound("nosuch"), "KeyError: no tool is named 'nosuch'");
+  EXPECT_EQ(outcome_of([] { return action_default("it's", "p", ""); }), "KeyError: no tool is named 'it's'");
 }
 
 TEST(BindArguments, CopiesNoContent) {

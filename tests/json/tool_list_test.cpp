@@ -52,7 +52,7 @@ std::string imported_tools(const std::string& tools) {
   return lines;
 }
 
-TEST(ToolList, IsMadeAndReadAsTheRowsSay) {
+[[maybe_unused]] const bool tool_list_rows = test_rows("tool_list", [](const Row& row) {
   const std::map<std::string, std::function<std::string(const std::string&)>> doors = {
       {"schema of parameter", [](const auto& given) { return schema_of_parameter(given, SchemaForm::common); }},
       {"strict schema", [](const auto& given) { return schema_of_parameter(given, SchemaForm::strict); }},
@@ -60,11 +60,10 @@ TEST(ToolList, IsMadeAndReadAsTheRowsSay) {
       {"import property", [](const std::string& given) { return imported(given, Unsayable::leaves_tool_out); }},
       {"import leniently", [](const std::string& given) { return imported(given, Unsayable::takes_text); }},
       {"import tools", imported_tools}};
-  for (const Row& row : rows_of("tool_list.rows")) {
-    EXPECT_EQ(doors.at(row.set.at("ask"))(row.given), row.expected) << row.place;
-  }
-  EXPECT_THROW((void)import_tools(R"({"tools": {}})"), ValueError);
-}
+  EXPECT_EQ(doors.at(row.setting("ask"))(row.given), row.expected);
+});
+
+TEST(ImportTools, RefusesWhatIsNotAListOfTools) { EXPECT_THROW((void)import_tools(R"({"tools": {}})"), ValueError); }
 
 TEST(InputSchema, RequiresWhatCallsAndActionsNeed) {
   const auto tools = read_registry(R"({"tools": [
