@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 namespace tool_binding::cli {
@@ -9,6 +10,7 @@ namespace tool_binding::cli {
 struct Colours {
   std::string_view heading = {};
   std::string_view good = {};
+  std::string_view changed = {};
   std::string_view bad = {};
   std::string_view aside = {};
   std::string_view off = {};
@@ -16,5 +18,8 @@ struct Colours {
 
 /// The colours for standard output: none unless it is a terminal, and none where NO_COLOR is set.
 [[nodiscard]] Colours output_colours() noexcept;
+
+/// The columns of the terminal that standard output is, within what can be read; 100 for anything else.
+[[nodiscard]] std::size_t output_width() noexcept;
 
 }  // namespace tool_binding::cli

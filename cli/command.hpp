@@ -24,5 +24,6 @@ Run declare_explain(CLI::App& command);
 Run declare_check(CLI::App& command);
 Run declare_schema(CLI::App& command);
 Run declare_import(CLI::App& command);
+Run declare_report(CLI::App& command);
 
 }  // namespace tool_binding::cli

@@ -35,6 +35,8 @@ constexpr std::array commands = {
     Command{"check", "Report everything that is wrong or doubtful in a registry", declare_check},
     Command{"schema", "Show the tools as their callers are told of them, with a JSON Schema each", declare_schema},
     Command{"import", "Make a registry of a list of tools with their JSON Schemas", declare_import},
+    Command{"report", "Show what the callers of recorded requests get wrong, and what to declare about it",
+            declare_report},
 };
 
 constexpr const char* closing_words =

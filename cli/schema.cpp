@@ -15,14 +15,14 @@ namespace tool_binding::cli {
 
 namespace {
 
-struct Question {
+struct SchemaQuestion {
   Files files;
   std::vector<std::string> tools;  ///< empty for all
   json::SchemaForm form = json::SchemaForm::common;
   bool names_alone = false;
 };
 
-std::vector<const ToolSpec*> tools_of(const Question& question) {
+std::vector<const ToolSpec*> tools_of(const SchemaQuestion& question) {
   std::vector<const ToolSpec*> tools;
   for (const std::string& name : question.tools) {
     tools.push_back(&TOOLS[name]);
@@ -47,7 +47,7 @@ std::string argument_names(const ToolSpec& tool) {
 }
 
 /// The names of the tools or, where tools are named, of their arguments.
-std::string names(const Question& question) {
+std::string names(const SchemaQuestion& question) {
   std::string lines;
   for (const ToolSpec* const tool : tools_of(question)) {
     lines += question.tools.empty() ? std::string(tool->name()) + "\n" : argument_names(*tool);
@@ -55,7 +55,7 @@ std::string names(const Question& question) {
   return lines;
 }
 
-std::string schemas(const Question& question) {
+std::string schemas(const SchemaQuestion& question) {
   std::vector<Value> advertised;
   for (const ToolSpec* const tool : tools_of(question)) {
     advertised.push_back(json::advertised_tool(*tool, question.form));
@@ -63,7 +63,7 @@ std::string schemas(const Question& question) {
   return page_of(ArgumentMap{{"tools", std::move(advertised)}});
 }
 
-ExitStatus schema(const Question& question) {
+ExitStatus schema(const SchemaQuestion& question) {
   static_cast<void>(load_registry(question.files.registry));
   try {
     print(question.names_alone ? names(question) : schemas(question));
@@ -76,7 +76,7 @@ ExitStatus schema(const Question& question) {
 }  // namespace
 
 Run declare_schema(CLI::App& command) {
-  const auto question = std::make_shared<Question>();
+  const auto question = std::make_shared<SchemaQuestion>();
   add_registry_option(command, question->files);
   const auto add_form = [&](const char* name, json::SchemaForm form, const char* purpose) {
     return command.add_flag_callback(
