@@ -25,5 +25,6 @@ Run declare_check(CLI::App& command);
 Run declare_schema(CLI::App& command);
 Run declare_import(CLI::App& command);
 Run declare_report(CLI::App& command);
+Run declare_compare(CLI::App& command);
 
 }  // namespace tool_binding::cli

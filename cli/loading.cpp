@@ -28,13 +28,15 @@ std::string with_path(const std::string& path, std::string_view faults) {
 
 UnusableFile::UnusableFile(const std::string& path, std::string_view faults) : Error(with_path(path, faults)) {}
 
-Handlers load_registry(const std::string& path) {
+Handlers load_registry(const std::string& path) { return load_registry(path, TOOLS); }
+
+Handlers load_registry(const std::string& path, ToolTable& table) {
   const std::string text = read_file(path);
   Handlers handlers;
   try {
     for (json::DeclaredTool& declared : json::read_registry(text)) {
       handlers.append(declared.tool.name(), std::move(declared.handler));
-      TOOLS.add(declared.tool);
+      table.add(declared.tool);
     }
   } catch (const ValueError& error) {
     throw UnusableFile(path, error.message());

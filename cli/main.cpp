@@ -37,6 +37,7 @@ constexpr std::array commands = {
     Command{"import", "Make a registry of a list of tools with their JSON Schemas", declare_import},
     Command{"report", "Show what the callers of recorded requests get wrong, and what to declare about it",
             declare_report},
+    Command{"compare", "Show which recorded requests a changed registry answers otherwise", declare_compare},
 };
 
 constexpr const char* closing_words =

@@ -9,21 +9,29 @@ complete -c tool-binding -n __fish_use_subcommand -f -a check -d 'Name what is w
 complete -c tool-binding -n __fish_use_subcommand -f -a schema -d 'Show the tools as their callers are told of them'
 complete -c tool-binding -n __fish_use_subcommand -f -a import -d 'Make a registry of a list of tools'
 complete -c tool-binding -n __fish_use_subcommand -f -a report -d 'Show what callers get wrong'
+complete -c tool-binding -n __fish_use_subcommand -f -a compare -d 'Show what a changed registry answers otherwise'
 complete -c tool-binding -n __fish_use_subcommand -l version -d 'Show the version'
 complete -c tool-binding -s h -l help -d 'Show the usage'
 
-complete -c tool-binding -n '__fish_seen_subcommand_from admit missing default explain check schema report' -r -F -l registry \
+complete -c tool-binding -n '__fish_seen_subcommand_from admit missing default explain check schema report compare' -r -F -l registry \
     -d 'The file that declares the tools'
 complete -c tool-binding -n '__fish_seen_subcommand_from admit explain' -r -F -l context \
     -d 'A JSON object whose entries are offered to every handler'
 complete -c tool-binding -n '__fish_seen_subcommand_from admit' -l findings \
     -d 'Add each note and problem as data for programs'
-complete -c tool-binding -n '__fish_seen_subcommand_from admit missing default report' -x -l jobs \
+complete -c tool-binding -n '__fish_seen_subcommand_from admit missing default report compare' -x -l jobs \
     -d 'Threads that share the lines; 0: one on each core'
 complete -c tool-binding -n '__fish_seen_subcommand_from report' -r -F -l merge \
     -d 'Add reports that --json wrote'
 complete -c tool-binding -n '__fish_seen_subcommand_from report' -r -F -l html \
     -d 'Write the report as a page for a browser'
+complete -c tool-binding -n '__fish_seen_subcommand_from compare' -r -F -l with \
+    -d 'The file that declares the tools otherwise'
+complete -c tool-binding -n '__fish_seen_subcommand_from compare' -l json -d 'Write the counts for programs'
+complete -c tool-binding -n '__fish_seen_subcommand_from compare' -l list \
+    -d 'Write a line for each request that is answered otherwise'
+complete -c tool-binding -n '__fish_seen_subcommand_from compare' -x -l fail-on -a 'refused changed' \
+    -d 'What makes the exit status 1'
 complete -c tool-binding -n '__fish_seen_subcommand_from report' -l json -d 'Write the report for programs'
 complete -c tool-binding -n '__fish_seen_subcommand_from import' -l lenient \
     -d 'Let a parameter take text where no type says what it is'

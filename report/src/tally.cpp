@@ -204,6 +204,12 @@ void count(Report& report, std::span<const Sight> sights, const Text& file) {
   }
 }
 
+void count(Row& row, std::span<const Sight> sights, const Text& file) {
+  for (const Sight& sight : sights) {
+    count(row, sight, file);
+  }
+}
+
 void count(Report& report, const Observer& observer) {
   for (std::size_t place = 0; place < report.tools.size(); ++place) {
     add_counts(report.tools[place], observer.uses()[place]);

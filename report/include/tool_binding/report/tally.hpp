@@ -66,6 +66,9 @@ class Observer {
 /// Adds what was seen to a report, in the order of the requests. `file` is what examples are named by.
 void count(Report& report, std::span<const Sight> sights, const Text& file);
 
+/// Adds sights to one row.
+void count(Row& row, std::span<const Sight> sights, const Text& file);
+
 /// Adds what an observer has counted; the order of the observers makes no difference.
 void count(Report& report, const Observer& observer);
 

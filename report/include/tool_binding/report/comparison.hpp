@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "tool_binding/registry_check.hpp"
+#include "tool_binding/report/pages.hpp"
+#include "tool_binding/report/report.hpp"
+
+#pragma GCC visibility push(default)
+
+/// What a changed registry does to recorded requests.
+namespace tool_binding::report {
+
+/// How the answer to a request differs, what is worst for its caller first.
+enum class Change : std::uint8_t {
+  now_refused,      ///< it was admitted
+  other_arguments,  ///< admitted with other arguments: it means something else
+  other_keywords,   ///< the same arguments, and the handler is called with other keywords
+  now_admitted,     ///< it was refused
+  other_words,      ///< other notes, or refused in other words
+};
+
+/// The stable snake_case word of a change.
+[[nodiscard]] std::string_view word_of(Change change) noexcept;
+
+/// Whether a request that changes so means something else to its caller, or nothing any more.
+[[nodiscard]] bool is_worse(Change change) noexcept;
+
+/// The tools of a registry, and the handlers by whose signatures their keywords are made.
+struct Registry {
+  ToolTable tools = {};
+  Handlers handlers = {};
+};
+
+/// A request that is answered otherwise, with both answers: {"arguments": …, "notes": …, "keywords": …} or
+/// {"error": …, "message": …}.
+struct ChangedRequest {
+  Change change = {};
+  Text tool = {};
+  Value before = {};
+  Value after = {};
+};
+
+/// The change of one request, no value where both registries answer alike. Throws only what admission throws for a
+/// faulty declaration. May be called by several threads at once.
+[[nodiscard]] std::optional<ChangedRequest> compare(const Registry& before, const Registry& after, const Text& tool,
+                                                    const ArgumentMap& arguments);
+
+/// A tool that the changed registry lacks.
+struct GoneTool {
+  Text name;
+  Text renamed_to;  ///< the new tool that takes the same parameters and actions; empty where there is not one such tool
+};
+
+/// The tools of `before` that `after` lacks, in their order.
+[[nodiscard]] std::vector<GoneTool> gone_tools(const Registry& before, const Registry& after);
+
+/// What was counted over all requests.
+struct Comparison {
+  /// The first request that changed so, with its place.
+  struct Changed {
+    std::uint64_t times = 0;
+    ChangedRequest first = {};
+    Example example = {};
+  };
+
+  std::uint64_t requests = 0;
+  std::map<std::pair<Text, Change>, Changed> changes = {};  ///< by tool and change
+  Row no_requests{1024};                                    ///< lines that are no requests
+  std::vector<GoneTool> gone = {};
+
+  /// Counts one changed request; the requests themselves are counted by the caller.
+  void add(ChangedRequest changed, const Example& example);
+
+  [[nodiscard]] std::uint64_t times(Change change) const noexcept;
+};
+
+/// The comparison for programs, and for people.
+[[nodiscard]] Value comparison_value(const Comparison& comparison);
+[[nodiscard]] std::string text_page(const Comparison& comparison, const TextStyle& style);
+
+}  // namespace tool_binding::report
+
+#pragma GCC visibility pop

@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: MIT
+#include "tool_binding/report/comparison.hpp"
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <stdexcept>
+
+#include "declared_value.hpp"
+#include "tool_binding/json/writer.hpp"
+#include "tool_binding/tool_binding.hpp"
+
+namespace tool_binding::report {
+
+namespace {
+
+constexpr std::array<std::string_view, 5> change_words = {"now_refused", "other_arguments", "other_keywords",
+                                                          "now_admitted", "other_words"};
+
+/// What a registry answers to a request.
+struct Answer {
+  bool is_admitted = false;
+  ArgumentMap arguments = {};
+  ArgumentMap keywords = {};
+  std::vector<std::string> notes = {};
+  std::string_view error = {};  ///< the type of the error, and its words
+  Text message = {};
+};
+
+ArgumentMap keywords_of(const ToolSpec& tool, const Handler& handler, const ArgumentMap& admitted) {
+  ArgumentMap keywords;
+  for (const auto& [name, argument] : handler_kwargs(handler, bind_arguments(tool, admitted), {})) {
+    keywords.append(name, argument.value());
+  }
+  return keywords;
+}
+
+Answer answer_of(const Registry& registry, const Text& name, const ArgumentMap& arguments) {
+  try {
+    const ToolSpec& tool = registry.tools[name];
+    const Admission admission = admit(tool, arguments);
+    if (!admission.is_admitted()) {
+      return {.error = "ArgumentError", .message = admission.refusal()};
+    }
+    return {.is_admitted = true,
+            .arguments = admission.arguments(),
+            .keywords = keywords_of(tool, *registry.handlers.find(name), admission.arguments()),
+            .notes = admission.notes()};
+  } catch (const UnknownToolError& error) {
+    return {.error = "KeyError", .message = error.message()};
+  } catch (const std::overflow_error& error) {
+    return {.error = "OverflowError", .message = std::string_view(error.what())};
+  }
+}
+
+/// Equal as they are written: a NaN is equal to one.
+bool are_alike(const ArgumentMap& left, const ArgumentMap& right) {
+  return left == right || json::write(Value(left)) == json::write(Value(right));
+}
+
+std::optional<Change> change_of(const Answer& before, const Answer& after) {
+  if (before.is_admitted != after.is_admitted) {
+    return before.is_admitted ? Change::now_refused : Change::now_admitted;
+  }
+  if (!are_alike(before.arguments, after.arguments)) {
+    return Change::other_arguments;
+  }
+  if (!are_alike(before.keywords, after.keywords)) {
+    return Change::other_keywords;
+  }
+  const bool has_same_words = before.notes == after.notes && before.message == after.message;
+  return has_same_words ? std::nullopt : std::optional(Change::other_words);
+}
+
+Value value_of(Answer answer) {
+  if (!answer.is_admitted) {
+    return ArgumentMap{{"error", answer.error}, {"message", answer.message}};
+  }
+  return ArgumentMap{{"arguments", std::move(answer.arguments)},
+                     {"notes", std::vector<Value>(answer.notes.begin(), answer.notes.end())},
+                     {"keywords", std::move(answer.keywords)}};
+}
+
+/// Whether two tools take the same arguments, whatever their names.
+bool take_alike(const ToolSpec& left, const ToolSpec& right) {
+  const auto are_same = [](std::span<const Text> some, std::span<const Text> others) {
+    return std::equal(some.begin(), some.end(), others.begin(), others.end());
+  };
+  return are_same(left.param_names(), right.param_names()) && are_same(left.action_names(), right.action_names());
+}
+
+/// The one new tool that takes what a tool took that is gone.
+Text new_name_of(const ToolSpec& tool, const Registry& before, const Registry& after) {
+  Text name;
+  if (tool.params().empty()) {
+    return name;
+  }
+  for (const ToolSpec& candidate : after.tools.all()) {
+    if (before.tools.find(candidate.name()) == nullptr && take_alike(tool, candidate)) {
+      if (!name.empty()) {
+        return {};
+      }
+      name = candidate.name();
+    }
+  }
+  return name;
+}
+
+Value changed_value(const Text& tool, Change change, const Comparison::Changed& changed) {
+  return ArgumentMap{{"tool", tool},
+                     {"change", word_of(change)},
+                     {"times", changed.times},
+                     {"example", ArgumentMap{{"file", changed.example.file},
+                                             {"line", changed.example.line},
+                                             {"request", changed.example.request},
+                                             {"before", changed.first.before},
+                                             {"after", changed.first.after}}}};
+}
+
+Value gone_value(const GoneTool& gone) {
+  return ArgumentMap{{"tool", gone.name}, {"renamed_to", gone.renamed_to.empty() ? Value() : Value(gone.renamed_to)}};
+}
+
+}  // namespace
+
+std::string_view word_of(Change change) noexcept { return change_words[static_cast<std::size_t>(change)]; }
+
+bool is_worse(Change change) noexcept { return change <= Change::other_keywords; }
+
+std::optional<ChangedRequest> compare(const Registry& before, const Registry& after, const Text& tool,
+                                      const ArgumentMap& arguments) {
+  Answer old_answer = answer_of(before, tool, arguments);
+  Answer new_answer = answer_of(after, tool, arguments);
+  const std::optional<Change> change = change_of(old_answer, new_answer);
+  if (!change) {
+    return {};
+  }
+  return ChangedRequest{*change, tool, value_of(std::move(old_answer)), value_of(std::move(new_answer))};
+}
+
+std::vector<GoneTool> gone_tools(const Registry& before, const Registry& after) {
+  std::vector<GoneTool> gone;
+  for (const ToolSpec& tool : before.tools.all()) {
+    if (after.tools.find(tool.name()) == nullptr) {
+      gone.push_back({tool.name(), new_name_of(tool, before, after)});
+    }
+  }
+  return gone;
+}
+
+void Comparison::add(ChangedRequest changed, const Example& example) {
+  Changed& entry = changes[{changed.tool, changed.change}];
+  if (entry.times++ == 0) {
+    entry.example = example;
+    entry.first = std::move(changed);
+  }
+}
+
+std::uint64_t Comparison::times(Change change) const noexcept {
+  std::uint64_t times = 0;
+  for (const auto& [key, changed] : changes) {
+    times += key.second == change ? changed.times : 0;
+  }
+  return times;
+}
+
+Value comparison_value(const Comparison& comparison) {
+  ArgumentMap members = {{"format", "tool-binding comparison 1"}, {"requests", comparison.requests}};
+  for (std::size_t place = 0; place < change_words.size(); ++place) {
+    members.append(change_words[place], comparison.times(static_cast<Change>(place)));
+  }
+  members.append("no_requests", comparison.no_requests.times);
+  std::vector<Value> gone;
+  for (const GoneTool& tool : comparison.gone) {
+    gone.push_back(gone_value(tool));
+  }
+  members.append("gone_tools", std::move(gone));
+  std::vector<Value> changes;
+  for (const auto& [key, changed] : comparison.changes) {
+    changes.push_back(changed_value(key.first, key.second, changed));
+  }
+  members.append("changes", std::move(changes));
+  return members;
+}
+
+}  // namespace tool_binding::report
