@@ -77,6 +77,11 @@ std::string where(const ToolUse& use, std::size_t parameter) {
   return parameter == Row::none ? place : place + "." + shown(use.tool.params()[parameter].name);
 }
 
+/// Whether an empty value stands for none: a call that runs no action, or names none.
+bool has_no_value(Seen seen) {
+  return seen == Seen::missing_parameter || seen == Seen::missing_action || seen == Seen::number_too_large;
+}
+
 /// The most frequent values of a row; what remains is said in one line.
 void add_values(StorySection& section, const ToolUse& use, Seen seen, std::size_t parameter, const Row& row) {
   std::uint64_t rest = row.times;
@@ -87,8 +92,8 @@ void add_values(StorySection& section, const ToolUse& use, Seen seen, std::size_
       break;
     }
     const auto& [value, count] = *entry;
-    section.rows.push_back({where(use, parameter), shown(value), count.times, use.outcomes.total(),
-                            note_on(use, seen, parameter, row, count), &count.example});
+    section.rows.push_back({where(use, parameter), value.empty() && has_no_value(seen) ? "" : shown(value), count.times,
+                            use.outcomes.total(), note_on(use, seen, parameter, row, count), &count.example});
     rest -= std::min(rest, count.times);
   }
   if (entries.size() > most_values || (rest != 0 && !row.values.is_exact())) {

@@ -69,6 +69,11 @@ Sight sight_of(const Finding& finding, std::size_t tool_place, const ToolSpec& t
           .place = place};
 }
 
+/// Whether a value became another in a way that its sender has to know of: JSON writes the number 5.0 as 5 as well.
+bool is_coerced(const Value& sent, const Value& became) {
+  return became != sent && !(sent.is_integer() && became.is_floating());
+}
+
 /// Whether a synonym was sent beside the name that it stands for, which then is the argument.
 bool is_doubled(const ParamSpec& param, const Text& name, const ArgumentMap& sent) {
   return name != param.name && sent.contains(param.name);
@@ -80,12 +85,24 @@ bool is_about_bound(const Admission& admission, const Text& name) {
   });
 }
 
+/// Whether a parameter is missing only since what was sent for it is a problem of its own.
+bool was_sent(const Admission& admission, const Finding& missing) {
+  return std::any_of(admission.findings().begin(), admission.findings().end(), [&](const Finding& finding) {
+    return finding.parameter == missing.parameter &&
+           (finding.kind == Found::wrong_type || finding.kind == Found::unlisted_value);
+  });
+}
+
+bool is_missing(const Admission& admission, const Finding& finding) {
+  return finding.kind == Found::missing_parameter && !was_sent(admission, finding);
+}
+
 /// The parameters that an unknown name may stand for: those that the call needs and lacks, and the nearest one unless
 /// the call gives it.
 std::vector<Text> lacking_of(const ToolSpec& tool, const Admission& admission, const Text& nearest) {
   std::vector<Text> names;
   for (const Finding& finding : admission.findings()) {
-    if (finding.kind == Found::missing_parameter) {
+    if (is_missing(admission, finding)) {
       names.push_back(finding.parameter->name);
     }
   }
@@ -133,6 +150,9 @@ void Observer::see(const ToolSpec& tool, const ArgumentMap& sent, const Admissio
   ToolUse& use = uses_[place_of_tool];
   const std::size_t before = sights.size();
   for (const Finding& finding : admission.findings()) {
+    if (finding.kind == Found::missing_parameter && !is_missing(admission, finding)) {
+      continue;
+    }
     sights.push_back(sight_of(finding, place_of_tool, tool, place));
     if (finding.kind == Found::unknown_parameter) {
       sights.back().lacking = lacking_of(tool, admission, finding.proposal);
@@ -166,7 +186,7 @@ void Observer::see_arguments(ToolUse& use, std::size_t place_of_tool, const Argu
     }
     ++use.given[parameter];
     const Value* const became = admission.arguments().find(param->name);
-    if (became != nullptr && *became != value && !is_about_bound(admission, name)) {
+    if (became != nullptr && is_coerced(value, *became) && !is_about_bound(admission, name)) {
       sights.push_back({.tool = place_of_tool,
                         .seen = Seen::coerced,
                         .parameter = parameter,

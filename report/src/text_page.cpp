@@ -98,9 +98,9 @@ class TextPage {
       where = std::max(where, width_of(row.where));
       what = std::max(what, width_of(row.what));
     }
-    const std::size_t room = style_.width > 60 ? (style_.width - 50) / 2 : 12;
-    where = std::min(where, what == 0 ? 2 * room : room);
-    what = std::min(what, room);
+    const std::size_t room = std::max<std::size_t>(style_.width, 60) - 40;
+    where = std::min(where, room - std::min(what, room / 2));
+    what = std::min(what, room - where);
     for (const StoryRow& row : section.rows) {
       add_row(row, where, what);
     }

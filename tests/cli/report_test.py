@@ -18,7 +18,8 @@ REGISTRY = {"tools": [
      "params": [{"name": "query", "type": "string", "synonyms": ["q"], "required_for": ["find"]},
                 {"name": "limit", "type": "integer", "synonyms": ["top"], "maximum": 100},
                 {"name": "kind", "type": "string", "enum": ["file", "symbol"]}]},
-    {"name": "ping"}]}
+    {"name": "ping"},
+    {"name": "scale", "params": [{"name": "by", "type": "number", "required": True}]}]}
 
 
 def expect(shows, given, expected):
@@ -70,6 +71,10 @@ for arguments, outcome, rows in (
     for row in tool["rows"]:
         expect("an example", row["values"][0]["example"],
                {"file": "-", "line": 1, "request": lines(arguments).rstrip()})
+
+expect("a number without a fraction", report('{"tool": "scale", "arguments": {"by": 5}}\n')["clean"], 1)
+expect("a value that is wrong, and not missing",
+       [row["kind"] for row in report('{"tool": "scale", "arguments": {"by": []}}\n')["tools"][2]["rows"]], ["wrong_type"])
 
 wrong = report('{"tool": "serch"}\n\n{"tool"\n[]\n{"jsonrpc": "2.0", "id": 1, "method": "tools/call", '
                '"params": {"name": "ping"}}\n')
@@ -171,7 +176,7 @@ expect("a page in a file", (run("--registry", registry, "--html", "page.html", "
                             (here / "page.html").read_text()[:15]), ("{", "<!DOCTYPE html>"))
 
 # What cannot be used is refused with what to do.
-other = file("other.json", json.dumps({"tools": [{**REGISTRY["tools"][0], "default_action": "list"}, {"name": "ping"}]}))
+other = file("other.json", json.dumps({"tools": [{**REGISTRY["tools"][0], "default_action": "list"}, *REGISTRY["tools"][1:]]}))
 file("other_report.json", run("--registry", other, "--json", parts[0]).stdout)
 for arguments, status, words in (
         (("--merge", reports[0], "other_report.json"), 2, "other_report.json: 'search' is declared otherwise"),
