@@ -41,3 +41,4 @@ complete -c tool-binding -n '__fish_seen_subcommand_from schema' -l strict -d 'F
 complete -c tool-binding -n '__fish_seen_subcommand_from schema' -l open \
     -d 'For clients that validate before they send'
 complete -c tool-binding -n '__fish_seen_subcommand_from schema' -l names -d 'Show names alone'
+complete -c tool-binding -n '__fish_seen_subcommand_from import' -l verbose -d 'Name what changes nothing as well'

@@ -2,52 +2,72 @@
 #pragma once
 
 #include <optional>
+#include <set>
+#include <span>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
+#include "enumeration_reading.hpp"
+#include "remarks.hpp"
 #include "schema_reading.hpp"
 #include "tool_binding/json/tool_list.hpp"
 
 namespace tool_binding::json {
 
-/// Reads one tool after another. What is remarked upon has no line yet.
+/// A tool as a list declares it, whichever of the usual shapes it has.
+struct ListedTool {
+  Value members;  ///< those of the tool itself; null for what declares no tool
+  std::string place;
+  Value schema;                      ///< null for a tool without one
+  std::string_view schema_key = {};  ///< the member that it stands under
+};
+
+[[nodiscard]] ListedTool listed_tool(const Value& item, std::string place);
+
+/// Reads one tool of a list.
 class Importing {
  public:
-  explicit Importing(Unsayable unsayable) : unsayable_(unsayable) {}
+  Importing(const ListedTool& listed, Unsayable unsayable, ToolRemarks& remarks)
+      : listed_(listed), unsayable_(unsayable), remarks_(remarks) {}
 
-  /// The tool that is declared at `place`, none where it is left out.
-  [[nodiscard]] std::optional<RegistryEntry> tool(const Value& declared, const std::string& place);
-
-  void remark(std::string place, std::string words, bool leaves_tool_out = false) {
-    tool_is_whole_ = tool_is_whole_ && !leaves_tool_out;
-    remarks_.push_back({std::move(place), std::move(words), 0, leaves_tool_out});
-  }
-
-  [[nodiscard]] std::vector<Remark> take_remarks() { return std::move(remarks_); }
+  /// The tool as far as it can be declared; of no use where the remarks leave it out.
+  [[nodiscard]] ToolDeclaration read();
 
  private:
+  using Kind = Remark::Kind;
+
   // importing.cpp
-  void read_input_schema(ToolDeclaration& tool, const ArgumentMap& schema, const std::string& place);
-  void read_required(ToolDeclaration& tool, const Value& names, const std::string& place);
-  void read_conditions(ToolDeclaration& tool, const Value& conditions, const std::string& place);
-  [[nodiscard]] bool read_condition(ToolDeclaration& tool, const Value& condition);
-  [[nodiscard]] Text text_of(const ArgumentMap& members, std::string_view key, const std::string& place);
-  void remark_on_others(const ArgumentMap& members, std::span<const std::string_view> kept, const std::string& place);
+  void read_schema_of_tool();
+  void read_required(const Value& names, const std::string& place);
+  void require(const Text& name, const std::string& place);
+  void read_conditions(const Value& conditions, const std::string& place);
+  [[nodiscard]] bool read_condition(const Value& condition);
+  [[nodiscard]] Text text_of(const ArgumentMap& members, std::string_view key) const;
+  void remark_on_others(const Text& param, const ArgumentMap& members, std::span<const std::string_view> kept,
+                        const std::string& place);
+
+  // importing_actions.cpp
+  void read_actions(const Value& schema, const std::string& place);
+  void read_default_action(const Value* value, const std::string& place);
 
   // importing_params.cpp
-  void read_property(ToolDeclaration& tool, const Text& name, const Value& schema, const std::string& place);
-  void read_actions(ToolDeclaration& tool, const Value& schema, const std::string& place);
-  void read_type(ParamSpec& param, const SchemaReading& reading, const std::string& place);
+  void read_property(const Text& name, const Value& schema, const std::string& place);
+  void leave_out(const Text& name, const std::string& reason, const std::string& place);
+  void read_unsayable(ParamSpec& param, const SchemaReading& reading, const std::string& place);
+  void read_rules(ParamSpec& param, const SchemaReading& reading, const std::string& place);
   void read_items(ParamSpec& param, const Value& items, const std::string& place);
-  void read_enumeration(ParamSpec& param, const Value& values, const std::string& place);
-  void read_bound(ParamSpec& param, Value ParamSpec::*bound, const Value& value, const std::string& place);
+  void take_enumeration(ParamSpec& param, EnumerationReading values, const std::string& place);
+  void read_bounds(ParamSpec& param, const ArgumentMap& members, const std::string& place);
+  void read_bound(ParamSpec& param, Value ParamSpec::*bound, const Value& value, bool is_exclusive,
+                  const std::string& place);
   void read_default(ParamSpec& param, const Value& value, const std::string& place);
+  void decide_on_blank(ParamSpec& param, const ArgumentMap& members) const;
 
+  const ListedTool& listed_;
   Unsayable unsayable_;
-  bool tool_is_whole_ = true;
-  std::vector<Remark> remarks_;
+  ToolRemarks& remarks_;
+  std::set<Text> required_;
+  ToolDeclaration tool_;
 };
 
 }  // namespace tool_binding::json

@@ -2,6 +2,7 @@
 #include "node.hpp"
 
 #include <algorithm>
+#include <charconv>
 #include <iterator>
 
 #include "grammar.hpp"
@@ -86,6 +87,34 @@ class NodeBuilder {
   Opened last_{};
 };
 
+/// The item that a place begins with, as "[3].name": a long list is not searched.
+const Node* take_item(const Node& list, std::string_view& place) {
+  std::size_t index = list.children.size();
+  const char* const end = place.data() + place.size();
+  const auto [stop, error] = std::from_chars(place.data() + 1, end, index);
+  if (index >= list.children.size() || stop == end || *stop != ']') {
+    return nullptr;
+  }
+  place.remove_prefix(static_cast<std::size_t>(stop - place.data()) + 1);
+  return &list.children[index];
+}
+
+/// The child that a place below `parent` begins with, which is taken off the place; null for none.
+const Node* take_child(const Node& parent, std::string_view& place) {
+  if (parent.value.is_list() && place.starts_with('[')) {
+    return take_item(parent, place);
+  }
+  place.remove_prefix(place.starts_with('.') ? 1 : 0);
+  for (std::size_t child = 0; child < parent.names.size(); ++child) {
+    const std::string name = member_place("", parent.names[child]);
+    if (stands_within(place, name)) {
+      place.remove_prefix(name.size());
+      return &parent.children[child];
+    }
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 std::string child_place(const Node& parent, std::string_view place, std::size_t child) {
@@ -103,16 +132,8 @@ Node read_node(std::string_view text) {
 
 std::size_t line_of(const Node& root, std::string_view place) {
   const Node* node = &root;
-  std::string reached;
-  for (std::size_t child = 0; child < node->children.size();) {
-    std::string candidate = child_place(*node, reached, child);
-    if (stands_within(place, candidate)) {
-      node = &node->children[child];
-      reached = std::move(candidate);
-      child = 0;
-    } else {
-      ++child;
-    }
+  for (const Node* inner = node; inner != nullptr; inner = take_child(*node, place)) {
+    node = inner;
   }
   return node->line;
 }

@@ -16,19 +16,26 @@ struct SchemaReading {
   std::optional<std::string_view> type = {};
   /// What it is when no type word can say it, as "a union".
   std::string unsayable = {};
+  /// Whether a text of its own can stand for what no type word can say, rather than a text that holds JSON.
+  bool allows_text = false;
   /// How its type is spelled, when it is spelled otherwise.
   std::string spelling = {};
-  /// The schema's members. One type or null is that type: the other alternative's members stand here too.
+  /// The schema's members, and those of the schemas that it refers to or combines. One type or null is that type; a
+  /// constant is an "enum" of one value.
   ArgumentMap members = {};
+  /// The members of alternatives that differ, which say nothing of the whole.
+  std::vector<Text> lost = {};
 };
 
-[[nodiscard]] SchemaReading read_schema(const Value& schema);
+/// Reads `schema`, whose references lead into `root`.
+[[nodiscard]] SchemaReading read_schema(const Value& schema, const Value& root);
 
-/// The texts that the values of an enumeration are to a parameter of that type, in order; no value where one of them
-/// has no text. A null, which stands for an argument left out, has no part in it.
-[[nodiscard]] std::optional<std::vector<Text>> enumeration_texts(std::string_view type, const Value& values);
+/// Whether a member of a schema says what values are allowed. All others describe, name or illustrate them.
+[[nodiscard]] bool is_rule(std::string_view key) noexcept;
 
-/// The text that an enumeration's value is to a parameter of that type, null where it has none.
-[[nodiscard]] Value enumeration_text(std::string_view type, const Value& value);
+/// The member `key` of an object; null where it is left out, and for a value that is no object. Lives as long as the
+/// object.
+[[nodiscard]] const Value& member_of(const ArgumentMap& object, const Text& key);
+[[nodiscard]] const Value& member_of(const Value& object, const Text& key);
 
 }  // namespace tool_binding::json

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <optional>
+#include <array>
+#include <set>
 #include <utility>
 
 #include "importing.hpp"
@@ -10,75 +11,114 @@ namespace tool_binding::json {
 
 namespace {
 
-/// The list of tools and its place. Whatever else the file has beside it is remarked upon.
-const Value& tools_of(const Value& file, Importing& importing) {
-  const Value* const tools = file.is_mapping() ? file.mapping().find("tools") : &file;
-  if (tools == nullptr || !tools->is_list()) {
-    throw ValueError("the file must be a list of tools, or an object with such a list under 'tools'");
+struct FoundList {
+  const Value* tools;
+  std::string place;
+};
+
+/// The list of tools: the file itself, or what stands under "tools", also within an answer's "result".
+FoundList list_in(const Value& file) {
+  if (file.is_list()) {
+    return {&file, ""};
   }
-  if (file.is_mapping()) {
-    for (const auto& [key, value] : file.mapping()) {
-      if (key != "tools") {
-        importing.remark(member_place("", key), "is not kept");
-      }
-    }
+  const Value& result = member_of(file, "result");
+  const Value& holder = result.is_null() ? file : result;
+  const std::string place = result.is_null() ? "" : "result";
+  if (holder.is_list()) {
+    return {&holder, place};
   }
-  return *tools;
+  const Value& tools = member_of(holder, "tools");
+  if (!tools.is_list()) {
+    throw ValueError(
+        "the file must be a list of tools, an object with such a list under 'tools', or an answer to 'tools/list'");
+  }
+  return {&tools, member_place(place, "tools")};
 }
 
-void remark_on_repeated(Importing& importing, const Node& node, const std::string& place) {
+/// Throws unless some tool is declared in a way that can be read: of other lists no registry can be made.
+void require_some_tool(const std::vector<ListedTool>& tools) {
+  if (tools.empty()) {
+    throw ValueError("the list has no tools");
+  }
+  if (std::all_of(tools.begin(), tools.end(), [](const ListedTool& tool) { return tool.schema.is_null(); })) {
+    throw ValueError(
+        "no tool of the list has a 'name' and a schema under 'inputSchema', 'input_schema' or 'parameters'");
+  }
+}
+
+/// The members given twice, with the place of each.
+void add_repeated(std::vector<Remark>& remarks, const Node& node,
+                  std::vector<std::pair<const Node*, std::size_t>>& path) {
   for (const std::size_t child : node.repeated) {
-    importing.remark(child_place(node, place, child), "is given twice: the later one is kept");
+    std::string place;
+    for (const auto& [parent, index] : path) {
+      place = child_place(*parent, place, index);
+    }
+    remarks.push_back({Remark::Kind::reading, "", "", child_place(node, place, child),
+                       quoted_form(Value(node.names[child])) + " is given twice: the later one is kept"});
   }
   for (std::size_t child = 0; child < node.children.size(); ++child) {
     if (!node.children[child].children.empty()) {
-      remark_on_repeated(importing, node.children[child], child_place(node, place, child));
+      path.emplace_back(&node, child);
+      add_repeated(remarks, node.children[child], path);
+      path.pop_back();
     }
   }
 }
 
-/// The tools in the list's order, none for one that is left out.
-using ReadTools = std::vector<std::optional<RegistryEntry>>;
+/// Reads the tools one after another.
+class ListImport {
+ public:
+  explicit ListImport(Unsayable unsayable) : unsayable_(unsayable) {}
 
-/// Leaves out the tools that a registry refuses. One that is left out already has a nameless entry in its stead, so
-/// that the errors name places in the list.
-void leave_out_refused(ReadTools& tools, std::string_view list_place, Importing& importing) {
-  std::vector<RegistryEntry> entries;
-  for (const auto& tool : tools) {
-    entries.push_back(tool.value_or(RegistryEntry{}));
-  }
-  for (const RegistryFinding& error : registry_errors(entries)) {
-    for (std::size_t index = 0; index < tools.size(); ++index) {
-      const std::string place = item_place("tools", index);
-      if (tools[index] && stands_within(error.place, place)) {
-        importing.remark(item_place(list_place, index),
-                         error.place.substr(place.size() + 1) + ": " + error.words + ": the tool is left out", true);
-        tools[index].reset();
+  void read(const ListedTool& listed) {
+    ++imported_.listed;
+    const Value& name = member_of(listed.members, "name");
+    ToolRemarks remarks(name.is_text() ? std::string(name.text()) : "", listed.place);
+    if (!name.is_text()) {
+      remarks.leave_out("it has no name");
+    } else {
+      RegistryEntry entry{Importing(listed, unsayable_, remarks).read(),
+                          {.signature = {{{"keywords", Parameter::Kind::VAR_KEYWORD}}}, .function = {}}};
+      if (names_.contains(entry.tool.name)) {
+        remarks.leave_out("a tool of this name stands before it");
+      }
+      for (const RegistryFinding& error : registry_errors({&entry, 1})) {
+        remarks.leave_out(error.place.substr(error.place.find('.') + 1) + ": " + error.words);
+      }
+      if (!remarks.is_left_out()) {
+        names_.insert(entry.tool.name);
+        imported_.entries.push_back(std::move(entry));
       }
     }
+    remarks.move_to(imported_.remarks);
   }
-}
+
+  ImportedTools take() { return std::move(imported_); }
+
+ private:
+  Unsayable unsayable_;
+  std::set<Text> names_;
+  ImportedTools imported_;
+};
 
 }  // namespace
 
 ImportedTools import_tools(std::string_view text, Unsayable unsayable) {
   const Node root = read_node(text);
-  Importing importing(unsayable);
-  const Value& tools = tools_of(root.value, importing);
-  remark_on_repeated(importing, root, "");
-  const std::string_view list_place = root.value.is_mapping() ? "tools" : "";
-  ReadTools read;
-  for (std::size_t index = 0; index < tools.list().size(); ++index) {
-    read.push_back(importing.tool(tools.list()[index], item_place(list_place, index)));
+  const FoundList found = list_in(root.value);
+  std::vector<ListedTool> tools;
+  for (std::size_t index = 0; index < found.tools->list().size(); ++index) {
+    tools.push_back(listed_tool(found.tools->list()[index], item_place(found.place, index)));
   }
-  leave_out_refused(read, list_place, importing);
-  ImportedTools imported;
-  for (auto& tool : read) {
-    if (tool) {
-      imported.entries.push_back(*std::move(tool));
-    }
+  require_some_tool(tools);
+  ListImport import(unsayable);
+  for (const ListedTool& tool : tools) {
+    import.read(tool);
   }
-  imported.remarks = importing.take_remarks();
+  ImportedTools imported = import.take();
+  std::vector<std::pair<const Node*, std::size_t>> path;
+  add_repeated(imported.remarks, root, path);
   for (Remark& remark : imported.remarks) {
     remark.line = line_of(root, remark.place);
   }

@@ -48,18 +48,25 @@ TEST(Schema, ShowsTheToolsThatAreNamed) {
 
 TEST(Import, WritesARegistryAndNamesWhatItCannotSay) {
   const std::string list = file_of(R"({"tools": [
-    {"name": "a", "inputSchema": {"properties": {"x": {"type": "object"}}}},
-    {"name": "b", "inputSchema": {"properties": {"y": {"type": "float"}}}}]})");
+    {"name": "a", "inputSchema": {"properties": {"x": {"type": "object"}}, "required": ["x"]}},
+    {"name": "b", "inputSchema": {"properties": {"y": {"type": "float", "multipleOf": 2}}}}]})");
   const Finished strict = run({"import", list});
   EXPECT_EQ(strict.out, "{\"tools\": [{\"name\": \"b\", \"params\": [{\"name\": \"y\", \"type\": \"number\"}]}]}\n");
-  EXPECT_EQ(strict.errors, list + ":2: tools[0].inputSchema.properties.x: cannot be an object: the tool is left out\n" +
-                               list + ":3: tools[1].inputSchema.properties.y.type: 'float' is read as 'number'\n");
+  const std::string left_out = list + ":2: a: left out: 'x', which is required, cannot be an object\n";
+  const std::string lost = list + ":3: 'y' of b: 'multipleOf' is not kept\n";
+  EXPECT_EQ(strict.errors, left_out + lost + "1 of 2 tools, 1 rule lost\n");
   EXPECT_EQ(strict.status, 1);
+  EXPECT_EQ(run({"import", "--verbose", list}).errors,
+            left_out + list + ":3: 'y' of b: 'float' is read as 'number'\n" + lost + "1 of 2 tools, 1 rule lost\n");
   const Finished lenient = run({"import", "--lenient", list});
-  EXPECT_NE(lenient.out.find(R"({"name": "x", "type": "string"})"), std::string::npos);
+  EXPECT_NE(lenient.out.find("Send it as text that holds JSON."), std::string::npos);
   EXPECT_EQ(lenient.status, 0);
   EXPECT_EQ(run({"import"}, "{}").status, 2);
   EXPECT_EQ(run({"import"}, "{").status, 2);
+  const Finished none = run({"import"}, R"([{"name": "a", "parameters": {"type": "string"}}])");
+  EXPECT_EQ(none.out, "");
+  EXPECT_EQ(none.status, 2);
+  EXPECT_NE(none.errors.find("0 of 1 tool, 0 rules lost\n"), std::string::npos);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <fstream>
 #include <functional>
 #include <map>
@@ -26,18 +27,28 @@ std::string schema_of_parameter(const std::string& members, SchemaForm form) {
   return write(*schema.mapping().find("properties")->mapping().find("p"));
 }
 
-/// The first parameter that comes of a property "p", or what stands where none does; and the remarks on it.
-std::string imported(const std::string& property, Unsayable unsayable) {
-  const ImportedTools tools =
-      import_tools(R"([{"name": "t", "inputSchema": {"properties": {"p": )" + property + "}}}]", unsayable);
-  std::string lines = tools.entries.empty() ? "left out" : "";
+std::string remark_line(const Remark& remark) {
+  constexpr std::array kinds = {"tool", "lost", "reading", "annotation"};
+  return std::string("\n") + kinds.at(static_cast<std::size_t>(remark.kind)) + ": " + remark.words;
+}
+
+/// The parameter that comes of a property "p", or what stands where none does; and the remarks on it.
+std::string imported(const std::string& property, const std::string& required,
+                     Unsayable unsayable = Unsayable::left_out) {
+  const ImportedTools tools = import_tools(
+      R"([{"name": "t", "inputSchema": {"type": "object", "properties": {"p": )" + property + R"(}, "required": [)" +
+          required + R"(], "$defs": {"a": {"enum": ["x", "y"]}, "b": {"$ref": "#/$defs/b"}}}}])",
+      unsayable);
+  std::string lines = "no tool";
   if (!tools.entries.empty()) {
     const Value registry = registry_value(tools.entries);
-    lines = write(registry.mapping().find("tools")->list()[0].mapping().find("params")->list()[0]);
+    const Value* const params = registry.mapping().find("tools")->list()[0].mapping().find("params");
+    lines = params == nullptr ? "no parameter" : write(params->list()[0]);
   }
   for (const Remark& remark : tools.remarks) {
-    const std::string_view within = std::string_view("[0].inputSchema.properties.p");
-    lines += "\n" + remark.place.substr(std::min(within.size(), remark.place.size())) + ": " + remark.words;
+    if (remark.words != "'$defs' is not kept") {
+      lines += remark_line(remark);
+    }
   }
   return lines;
 }
@@ -47,7 +58,7 @@ std::string imported_tools(const std::string& tools) {
   const ImportedTools found = import_tools(tools);
   std::string lines = write(*registry_value(found.entries).mapping().find("tools"));
   for (const Remark& remark : found.remarks) {
-    lines += "\n" + std::to_string(remark.line) + " " + remark.place + ": " + remark.words;
+    lines += remark_line(remark) + " (" + std::to_string(remark.line) + " " + remark.place + ")";
   }
   return lines;
 }
@@ -57,13 +68,19 @@ std::string imported_tools(const std::string& tools) {
       {"schema of parameter", [](const auto& given) { return schema_of_parameter(given, SchemaForm::common); }},
       {"strict schema", [](const auto& given) { return schema_of_parameter(given, SchemaForm::strict); }},
       {"open schema", [](const auto& given) { return schema_of_parameter(given, SchemaForm::open); }},
-      {"import property", [](const std::string& given) { return imported(given, Unsayable::leaves_tool_out); }},
-      {"import leniently", [](const std::string& given) { return imported(given, Unsayable::takes_text); }},
+      {"import property", [](const auto& given) { return imported(given, ""); }},
+      {"import required", [](const auto& given) { return imported(given, R"("p")"); }},
+      {"import leniently", [](const auto& given) { return imported(given, R"("p")", Unsayable::takes_text); }},
       {"import tools", imported_tools}};
   EXPECT_EQ(doors.at(row.setting("ask"))(row.given), row.expected);
 });
 
-TEST(ImportTools, RefusesWhatIsNotAListOfTools) { EXPECT_THROW((void)import_tools(R"({"tools": {}})"), ValueError); }
+TEST(ImportTools, RefusesWhatIsNotAListOfTools) {
+  for (const char* const no_list : {R"({"tools": {}})", "[]", "5", R"({"result": {}})", R"([{"name": "t"}])",
+                                    R"([{"title": "t", "parameters": {}}])", R"([{"name": "t", "arguments": {}}])"}) {
+    EXPECT_THROW((void)import_tools(no_list), ValueError) << no_list;
+  }
+}
 
 TEST(InputSchema, RequiresWhatCallsAndActionsNeed) {
   const auto tools = read_registry(R"({"tools": [
@@ -105,7 +122,7 @@ void forget_what_no_schema_says(std::vector<RegistryEntry>& entries) {
     }
     for (ParamSpec& param : entry.tool.params) {
       param.synonyms.clear();
-      param.blank_is_value = false;
+      param.blank_is_value = param.required && param.type == "string" && param.enum_.empty();
       param.type = param.enum_.empty() || param.type == "array" ? param.type : Text("string");
     }
   }
@@ -128,7 +145,7 @@ TEST(ImportTools, BringsBackWhatWasAdvertised) {
     }
     const ImportedTools imported = import_tools(write(advertised));
     EXPECT_EQ(write(registry_value(imported.entries)), write(registry_value(entries)));
-    EXPECT_TRUE(imported.remarks.empty());
+    EXPECT_TRUE(imported.remarks.empty()) << imported.remarks[0].words;
   }
 }
 

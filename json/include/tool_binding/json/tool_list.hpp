@@ -49,18 +49,26 @@ enum class SchemaForm : std::uint8_t {
 /// What a registry file says of these entries. Keys that would say what is true without them are left out.
 [[nodiscard]] Value registry_value(std::span<const RegistryEntry> entries);
 
-/// What becomes of a parameter that none of the five type words can say.
-enum class Unsayable : bool {
-  leaves_tool_out,  ///< its tool is not imported
-  takes_text,       ///< it is declared to take text
-};
+/// What becomes of a parameter that none of the five type words can say, as an object or a union. An optional one is
+/// left out of its tool, a required one leaves its tool out; or either is declared to take text, and its description
+/// tells callers to send it so.
+enum class Unsayable : bool { left_out, takes_text };
 
-/// Something that was read otherwise than it is written, or not kept at all.
+/// Something of a list of tools that a registry does not say, or says otherwise.
 struct Remark {
-  std::string place;     ///< as "tools[3].inputSchema.properties.limit"
-  std::string words;     ///< what became of it
-  std::size_t line = 0;  ///< counted from 1
-  bool leaves_tool_out = false;
+  enum class Kind : std::uint8_t {
+    tool_left_out,  ///< with every reason; nothing else is remarked upon in such a tool
+    rule_lost,      ///< what the list asks of calls and admission does not
+    reading,        ///< what calls or handlers notice, as an enumeration of numbers that is handed over as text
+    annotation,     ///< what neither notices: other spellings of types, titles, examples
+  };
+
+  Kind kind;
+  std::string tool;       ///< its name; empty for what stands outside of every tool, or in one without a name
+  std::string parameter;  ///< its name, empty for what concerns the whole tool
+  std::string place;      ///< as "tools[3].inputSchema.properties.limit"
+  std::string words;      ///< what became of it
+  std::size_t line = 0;   ///< counted from 1
 
   friend bool operator==(const Remark&, const Remark&) = default;
 };
@@ -69,12 +77,16 @@ struct Remark {
 struct ImportedTools {
   std::vector<RegistryEntry> entries;  ///< which `registry_errors` finds nothing in
   std::vector<Remark> remarks;         ///< in the order of the lines
+  std::size_t listed = 0;              ///< the tools in the list, read or left out
 };
 
-/// Reads a list of tools, or an object with such a list under "tools". What cannot be said in a registry is remarked
-/// upon, each thing with its place. Throws ParseError for a text that is not JSON, and ValueError for one that is not
-/// a list of tools.
-[[nodiscard]] ImportedTools import_tools(std::string_view text, Unsayable unsayable = Unsayable::leaves_tool_out);
+/// Reads a list of tools, in any of these shapes: the list itself; an object with the list under "tools"; a JSON-RPC
+/// answer to "tools/list". A tool's schema is its "inputSchema", "input_schema" or "parameters", and a tool may stand
+/// under "function". Takes time in proportion to the text.
+///
+/// Throws ParseError for a text that is no JSON, and ValueError for one that is no list of tools, or a list in which no
+/// tool has a name and a schema.
+[[nodiscard]] ImportedTools import_tools(std::string_view text, Unsayable unsayable = Unsayable::left_out);
 
 }  // namespace tool_binding::json
 
