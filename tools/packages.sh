@@ -21,4 +21,4 @@ need_packages() {
 # shellcheck disable=SC2034  # for the scripts that source this file
 build_packages=(g++ cmake ninja-build libsimdjson-dev libcli11-dev)
 # shellcheck disable=SC2034
-test_packages=("${build_packages[@]}" libgtest-dev nlohmann-json3-dev unicode-data locales python3 pkg-config)
+test_packages=("${build_packages[@]}" libgtest-dev nlohmann-json3-dev unicode-data locales python3 pkg-config dpkg-dev)

@@ -9,7 +9,7 @@ source_tree=$1 static_build=$2 scratch=$3 cxx=$4
 here=$source_tree/tests/package
 options=(-G Ninja -DCMAKE_CXX_COMPILER="$cxx" -DCMAKE_BUILD_TYPE=None)
 
-rm -rf "$scratch"/static "$scratch"/shared "$scratch"/build_* # the subdirectory build is kept: it is the slow one
+rm -rf "$scratch"/static "$scratch"/shared "$scratch"/root "$scratch"/build_* # the subdirectory build is kept: it is the slow one
 mkdir -p "$scratch"
 
 say() { printf '%s\n' "== $*"; }
@@ -24,11 +24,16 @@ run() { # each program prints the refusal of one request
 expect_files() { # PREFIX
   local file
   for file in include/tool_binding/tool_binding.hpp include/tool_binding/json/reader.hpp \
-    share/man/man1/tool-binding.1 share/bash-completion/completions/tool-binding \
+    share/man/man1/tool-binding.1* share/bash-completion/completions/tool-binding \
     share/zsh/site-functions/_tool-binding share/fish/vendor_completions.d/tool-binding.fish; do
-    [ -s "$1/$file" ] || { say "missing: $file"; exit 1; }
+    compgen -G "$1/$file" >/dev/null || { say "missing: $file"; exit 1; }
   done
   "$1/bin/tool-binding" --version
+  local page link
+  page=$(echo "$1"/share/doc/*/README.md)
+  grep -ohE '\]\((docs|examples)/[^)#]+' "$page" | cut -d'(' -f2 | while read -r link; do
+    [ -e "${page%/*}/$link" ] || { say "README.md refers to $link, which is missing"; exit 1; }
+  done
 }
 
 with_find_package() { # PREFIX KIND
@@ -37,15 +42,14 @@ with_find_package() { # PREFIX KIND
   run "$scratch/build_$2"/with_{tool_binding,json,nlohmann}
 }
 
-with_pkg_config() { # PREFIX NAME FLAGS_OF_PKG_CONFIG...
+with_pkg_config() { # PREFIX NAME
   local prefix=$1 name=$2 json=()
-  shift 2
   case $name in
   tool_binding_json) json=(-DWITH_JSON) ;;
   tool_binding_nlohmann) json=(-DWITH_NLOHMANN) ;;
   esac
   local flags
-  flags=$(PKG_CONFIG_PATH=$prefix/lib/pkgconfig pkg-config "$@" --cflags --libs "$name")
+  flags=$(PKG_CONFIG_PATH=$prefix/lib/pkgconfig pkg-config --cflags --libs "$name")
   # shellcheck disable=SC2086  # the flags are words
   "$cxx" -std=c++20 "${json[@]}" "$here/consumer/main.cpp" $flags -Wl,-rpath,"$prefix/lib" -o "$scratch/build_pkg_config"
   run "$scratch/build_pkg_config"
@@ -56,8 +60,15 @@ cmake --install "$static_build" --prefix "$scratch/static" >/dev/null
 expect_files "$scratch/static"
 with_find_package "$scratch/static" static
 say "installed static, pkg-config"
-with_pkg_config "$scratch/static" tool_binding_json --static
+with_pkg_config "$scratch/static" tool_binding_json
 with_pkg_config "$scratch/static" tool_binding_nlohmann
+say "installed static, without simdjson"
+if cmake -S "$here/consumer" -B "$scratch/build_without" "${options[@]}" -DCMAKE_PREFIX_PATH="$scratch/static" \
+  -DCMAKE_DISABLE_FIND_PACKAGE_simdjson=ON >"$scratch/without.log" 2>&1; then
+  say "the component json was found"
+  exit 1
+fi
+grep -q "install libsimdjson-dev" "$scratch/without.log"
 
 say "add_subdirectory, shared"
 cmake -S "$here/consumer" -B "$scratch/subdirectory" "${options[@]}" -DWAY=subdirectory -DCMAKE_INSTALL_LIBDIR=lib \
@@ -71,6 +82,18 @@ expect_files "$scratch/shared"
 with_find_package "$scratch/shared" shared
 say "installed shared, pkg-config"
 with_pkg_config "$scratch/shared" tool_binding
+
+if command -v dpkg-shlibdeps >/dev/null; then
+  say "Debian packages, in an empty root"
+  (cd "$scratch/subdirectory" && rm -f ./*.deb && cpack -G DEB >cpack.log)
+  for package in "$scratch"/subdirectory/*.deb; do
+    dpkg-deb -x "$package" "$scratch/root"
+  done
+  compgen -G "$scratch/root/usr/share/doc/libtool-binding0.*/copyright" >/dev/null
+  LD_LIBRARY_PATH=$scratch/root/usr/lib expect_files "$scratch/root/usr"
+  with_find_package "$scratch/root/usr" packages
+  ! command -v lintian >/dev/null || lintian --fail-on error "$scratch"/subdirectory/*.deb
+fi
 
 say "a shared library shows what its public headers declare"
 if grep -rL 'GCC visibility push(default)' "$source_tree"/include "$source_tree"/json/include | grep .; then
