@@ -97,6 +97,7 @@ std::string listed(const ChangedLine& changed, const std::string& file) {
                                  {"line", changed.line.number},
                                  {"tool", request.tool},
                                  {"change", word_of(request.change)},
+                                 {"cause", request.cause},
                                  {"before", request.before},
                                  {"after", request.after}}) +
          "\n";

@@ -25,6 +25,7 @@ struct Answer {
   std::vector<std::string> notes = {};
   std::string_view error = {};  ///< the type of the error, and its words
   Text message = {};
+  std::vector<Finding> findings = {};
 };
 
 ArgumentMap keywords_of(const ToolSpec& tool, const Handler& handler, const ArgumentMap& admitted) {
@@ -38,9 +39,10 @@ ArgumentMap keywords_of(const ToolSpec& tool, const Handler& handler, const Argu
 Answer answer_of(const Registry& registry, const Text& name, const ArgumentMap& arguments) {
   try {
     const ToolSpec& tool = registry.tools[name];
-    const Admission admission = admit(tool, arguments);
+    Admission admission = admit(tool, arguments);
     if (!admission.is_admitted()) {
-      return {.error = "ArgumentError", .message = admission.refusal()};
+      const Text refusal = admission.refusal();
+      return {.error = "ArgumentError", .message = refusal, .findings = std::move(admission).findings()};
     }
     return {.is_admitted = true,
             .arguments = admission.arguments(),
@@ -70,6 +72,55 @@ std::optional<Change> change_of(const Answer& before, const Answer& after) {
   }
   const bool has_same_words = before.notes == after.notes && before.message == after.message;
   return has_same_words ? std::nullopt : std::optional(Change::other_words);
+}
+
+/// The first name under which two maps differ.
+Text first_difference(const ArgumentMap& before, const ArgumentMap& after) {
+  for (const auto& [name, value] : before) {
+    const Value* const other = after.find(name);
+    if (other == nullptr || json::write(value) != json::write(*other)) {
+      return name;
+    }
+  }
+  for (const auto& [name, value] : after) {
+    if (!before.contains(name)) {
+      return name;
+    }
+  }
+  return {};
+}
+
+/// The kind of the first problem, and its parameter, or the name that one of the registries takes: callers' own names
+/// would be without number.
+Text first_problem(const Answer& refused, const ToolSpec* other) {
+  const auto problem = std::find_if(refused.findings.begin(), refused.findings.end(),
+                                    [](const Finding& finding) { return is_problem(finding.kind); });
+  if (problem == refused.findings.end()) {
+    return refused.error;
+  }
+  const std::string kind(word_of(problem->kind));
+  if (problem->parameter != nullptr) {
+    return kind + " " + std::string(problem->parameter->name);
+  }
+  const bool is_declared = other != nullptr && other->param(problem->argument) != nullptr;
+  return is_declared ? kind + " " + std::string(problem->argument) : kind;
+}
+
+Text cause_of(Change change, const Answer& before, const Answer& after, const ToolSpec* old_tool,
+              const ToolSpec* new_tool) {
+  switch (change) {
+    case Change::now_refused:
+      return first_problem(after, old_tool);
+    case Change::now_admitted:
+      return first_problem(before, new_tool);
+    case Change::other_arguments:
+      return first_difference(before.arguments, after.arguments);
+    case Change::other_keywords:
+      return first_difference(before.keywords, after.keywords);
+    case Change::other_words:
+      break;
+  }
+  return {};
 }
 
 Value value_of(Answer answer) {
@@ -106,9 +157,10 @@ Text new_name_of(const ToolSpec& tool, const Registry& before, const Registry& a
   return name;
 }
 
-Value changed_value(const Text& tool, Change change, const Comparison::Changed& changed) {
-  return ArgumentMap{{"tool", tool},
-                     {"change", word_of(change)},
+Value changed_value(const Comparison::Changed& changed) {
+  return ArgumentMap{{"tool", changed.first.tool},
+                     {"change", word_of(changed.first.change)},
+                     {"cause", changed.first.cause},
                      {"times", changed.times},
                      {"example", ArgumentMap{{"file", changed.example.file},
                                              {"line", changed.example.line},
@@ -135,7 +187,8 @@ std::optional<ChangedRequest> compare(const Registry& before, const Registry& af
   if (!change) {
     return {};
   }
-  return ChangedRequest{*change, tool, value_of(std::move(old_answer)), value_of(std::move(new_answer))};
+  const Text cause = cause_of(*change, old_answer, new_answer, before.tools.find(tool), after.tools.find(tool));
+  return ChangedRequest{*change, tool, cause, value_of(std::move(old_answer)), value_of(std::move(new_answer))};
 }
 
 std::vector<GoneTool> gone_tools(const Registry& before, const Registry& after) {
@@ -149,7 +202,7 @@ std::vector<GoneTool> gone_tools(const Registry& before, const Registry& after) 
 }
 
 void Comparison::add(ChangedRequest changed, const Example& example) {
-  Changed& entry = changes[{changed.tool, changed.change}];
+  Changed& entry = changes[{changed.tool, changed.change, changed.cause}];
   if (entry.times++ == 0) {
     entry.example = example;
     entry.first = std::move(changed);
@@ -159,7 +212,7 @@ void Comparison::add(ChangedRequest changed, const Example& example) {
 std::uint64_t Comparison::times(Change change) const noexcept {
   std::uint64_t times = 0;
   for (const auto& [key, changed] : changes) {
-    times += key.second == change ? changed.times : 0;
+    times += changed.first.change == change ? changed.times : 0;
   }
   return times;
 }
@@ -177,7 +230,7 @@ Value comparison_value(const Comparison& comparison) {
   members.append("gone_tools", std::move(gone));
   std::vector<Value> changes;
   for (const auto& [key, changed] : comparison.changes) {
-    changes.push_back(changed_value(key.first, key.second, changed));
+    changes.push_back(changed_value(changed));
   }
   members.append("changes", std::move(changes));
   return members;

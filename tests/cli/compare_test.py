@@ -38,25 +38,25 @@ def run(*arguments, text=""):
 
 
 old = registry("old.json", SEARCH, {"name": "ping"})
-for shows, tools, arguments, change, fails in (
-        ("nothing", [SEARCH], {"q": "a", "limit": 5}, None, {}),
-        ("a synonym taken away", [changed(0, synonyms=[])], {"q": "a"}, "now_refused", {"refused", "changed"}),
-        ("a bound tightened", [changed(1, maximum=50)], {"limit": 70}, "other_arguments", {"changed"}),
-        ("another default", [changed(1, default=10)], {"query": "a"}, "other_keywords", {"changed"}),
+for shows, tools, arguments, change, cause, fails in (
+        ("nothing", [SEARCH], {"q": "a", "limit": 5}, None, None, {}),
+        ("a synonym taken away", [changed(0, synonyms=[])], {"q": "a"}, "now_refused", "unknown_parameter q", {"refused", "changed"}),
+        ("a bound tightened", [changed(1, maximum=50)], {"limit": 70}, "other_arguments", "limit", {"changed"}),
+        ("another default", [changed(1, default=10)], {"query": "a"}, "other_keywords", "limit", {"changed"}),
         ("a value renamed", [changed(2, enum=["file", "name"])], {"kind": "symbol"}, "now_refused",
-         {"refused", "changed"}),
-        ("a value added", [changed(2, enum=["file", "symbol", "name"])], {"kind": "name"}, "now_admitted", {}),
-        ("a value in another list", [changed(2, enum=["symbol", "file"])], {"kind": "name"}, "other_words", {}),
-        ("a parameter required", [changed(0, required=True)], {"limit": 5}, "now_refused", {"refused", "changed"}),
-        ("a tool renamed", [{**SEARCH, "name": "find"}], {"query": "a"}, "now_refused", {"refused", "changed"})):
+         "unlisted_value kind", {"refused", "changed"}),
+        ("a value added", [changed(2, enum=["file", "symbol", "name"])], {"kind": "name"}, "now_admitted", "unlisted_value kind", {}),
+        ("a value in another list", [changed(2, enum=["symbol", "file"])], {"kind": "name"}, "other_words", "", {}),
+        ("a parameter required", [changed(0, required=True)], {"limit": 5}, "now_refused", "missing_parameter query", {"refused", "changed"}),
+        ("a tool renamed", [{**SEARCH, "name": "find"}], {"query": "a"}, "now_refused", "KeyError", {"refused", "changed"})):
     new = registry("new.json", *tools, {"name": "ping"})
     line = json.dumps({"tool": "search", "arguments": arguments}) + "\n"
     for fail_on in ("refused", "changed"):
         done = run("--registry", old, "--with", new, "--json", "--fail-on", fail_on, "-", text=line * 3 + "no\n")
         said = json.loads(done.stdout)
-        expect(shows, ([(one["change"], one["times"], one["example"]["line"]) for one in said["changes"]],
+        expect(shows, ([(one["change"], one["cause"], one["times"], one["example"]["line"]) for one in said["changes"]],
                        said["no_requests"], done.returncode),
-               ([(change, 3, 1)] if change else [], 1, 1 if fail_on in fails else 0))
+               ([(change, cause, 3, 1)] if change else [], 1, 1 if fail_on in fails else 0))
     expect("renamed", said["gone_tools"],
            [{"tool": "search", "renamed_to": "find"}] if shows == "a tool renamed" else [])
     page = run("--registry", old, "--with", new, text=line)

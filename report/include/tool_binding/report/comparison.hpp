@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <tuple>
 #include <vector>
 
 #include "tool_binding/registry_check.hpp"
@@ -44,6 +44,8 @@ struct Registry {
 struct ChangedRequest {
   Change change = {};
   Text tool = {};
+  Text cause = {};  ///< what it comes from: the kind of the first new problem and its parameter, or the first argument
+                    ///< or keyword that differs; empty where nothing of the kind is known
   Value before = {};
   Value after = {};
 };
@@ -72,8 +74,8 @@ struct Comparison {
   };
 
   std::uint64_t requests = 0;
-  std::map<std::pair<Text, Change>, Changed> changes = {};  ///< by tool and change
-  Row no_requests{1024};                                    ///< lines that are no requests
+  std::map<std::tuple<Text, Change, Text>, Changed> changes = {};  ///< by tool, change and cause
+  Row no_requests{1024};                                           ///< lines that are no requests
   std::vector<GoneTool> gone = {};
 
   /// Counts one changed request; the requests themselves are counted by the caller.
