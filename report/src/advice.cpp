@@ -50,23 +50,24 @@ const Row* row_of(const ToolUse& use, Seen seen, std::size_t parameter = Row::no
   return found == use.rows.end() ? nullptr : &found->second;
 }
 
-/// The one parameter that an unknown name stands for: the only one that its calls lacked, else the nearest name's.
-const ParamSpec* meant_by(const ToolUse& use, const Count& count, std::uint64_t& together) {
+/// The one parameter that an unknown name stands for, since nearly all its calls lack it: the nearest one, unless the
+/// call can do without it and needs another.
+const ParamSpec* meant_by(const ToolUse& use, const Count& count) {
   const ParamSpec* const nearest = count.proposal.empty() ? nullptr : use.tool.param(count.proposal);
-  const ParamSpec* meant = nullptr;
+  std::vector<const ParamSpec*> others;
+  bool lacks_nearest = false;
   for (const auto& [name, times] : count.lacking) {
-    if (!suffices(Rule::add_synonym, times, count.times)) {
-      continue;
-    }
-    const ParamSpec* const lacked = use.tool.param(name);
-    if (meant == nullptr || lacked == nearest) {
-      meant = lacked;
-      together = times;
-    } else if (meant != nearest) {
-      return nullptr;
+    const ParamSpec* const lacked = suffices(Rule::add_synonym, times, count.times) ? use.tool.param(name) : nullptr;
+    if (lacked != nullptr && lacked == nearest) {
+      lacks_nearest = true;
+    } else if (lacked != nullptr) {
+      others.push_back(lacked);
     }
   }
-  return meant;
+  if (lacks_nearest && (others.empty() || nearest->required || !nearest->required_for.empty())) {
+    return nearest;
+  }
+  return others.size() == 1 ? others.front() : nullptr;
 }
 
 void advise_synonyms(std::vector<Advice>& advice, const ToolUse& use) {
@@ -75,18 +76,18 @@ void advise_synonyms(std::vector<Advice>& advice, const ToolUse& use) {
     return;
   }
   for (const auto& [name, count] : row->values.all()) {
-    std::uint64_t together = 0;
-    const ParamSpec* const meant = meant_by(use, count, together);
+    const ParamSpec* const meant = meant_by(use, count);
     if (meant == nullptr) {
       continue;
     }
+    const std::uint64_t together = std::min(count.lacking.at(meant->name), count.times);
     advice.push_back({.rule = Rule::add_synonym,
                       .tool = use.tool.name(),
                       .subject = meant->name,
                       .words = "Declare " + quoted(name) + " as a synonym of " + quoted(meant->name) + ".",
                       .evidence = quoted(name) + " came " + times_of(count.times) + ", " +
-                                  with_commas(std::min(together, count.times)) + " of them without " +
-                                  quoted(meant->name) + ".",
+                                  (together == count.times ? "always" : with_commas(together) + " of them") +
+                                  " without " + quoted(meant->name) + ".",
                       .lines = member_with("synonyms", meant->synonyms, name),
                       .times = count.times,
                       .example = count.example});
@@ -139,6 +140,13 @@ void advise_values(std::vector<Advice>& advice, const ToolUse& use, std::size_t 
   }
 }
 
+/// "500 to 1000", or the one number that was sent.
+std::string spread_of(const Row& row) {
+  const std::string smallest = json::write(row.smallest);
+  const std::string largest = json::write(row.largest);
+  return smallest == largest ? smallest : smallest + " to " + largest;
+}
+
 void advise_bound(std::vector<Advice>& advice, const ToolUse& use, std::size_t place, Seen seen) {
   const Row* const row = row_of(use, seen, place);
   if (row == nullptr || !suffices(Rule::widen_bound, row->times, use.given[place])) {
@@ -155,8 +163,7 @@ void advise_bound(std::vector<Advice>& advice, const ToolUse& use, std::size_t p
                              ": widen it, or name it in the description.",
                     .evidence = percent(row->times, use.given[place]) + " of the " + with_commas(use.given[place]) +
                                 " requests that gave " + quoted(param.name) + " were beyond " +
-                                json::write(row->bound) + ", from " + json::write(row->smallest) + " to " +
-                                json::write(row->largest) + ".",
+                                json::write(row->bound) + ": " + spread_of(*row) + ".",
                     .lines = member_of(bound, farthest),
                     .times = row->times,
                     .example = row->values.most_frequent().front()->second.example});

@@ -17,7 +17,8 @@ REGISTRY = {"tools": [
      "default_action": "find",
      "params": [{"name": "query", "type": "string", "synonyms": ["q"], "required_for": ["find"]},
                 {"name": "limit", "type": "integer", "synonyms": ["top"], "maximum": 100},
-                {"name": "kind", "type": "string", "enum": ["file", "symbol"]}]},
+                {"name": "kind", "type": "string", "enum": ["file", "symbol"]},
+                {"name": "next", "type": "integer"}]},
     {"name": "ping"},
     {"name": "scale", "params": [{"name": "by", "type": "number", "required": True}]}]}
 
