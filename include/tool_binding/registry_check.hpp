@@ -117,6 +117,10 @@ using Handlers = OrderedMap<Handler>;
 [[nodiscard]] Handlers declare_tools(std::vector<RegistryEntry> entries, const KeywordArguments& offered);
 [[nodiscard]] Handlers declare_tools(std::vector<RegistryEntry> entries);
 
+/// "; did you mean 'limit'?" for the one of `names` that is nearest to `given`, whatever the case of either, empty when
+/// none is near: near is what a refusal proposes to a caller.
+[[nodiscard]] std::string did_you_mean(std::string_view given, std::span<const std::string_view> names);
+
 /// The type word that `spelling` stands for in other languages and libraries ("float" is "number"), no value for one
 /// that stands for none of the five. Case is ignored.
 [[nodiscard]] std::optional<std::string_view> type_word_of(std::string_view spelling);

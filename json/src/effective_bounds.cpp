@@ -5,6 +5,8 @@
 #include <cmath>
 #include <stdexcept>
 
+#include "tool_binding/detail/numbers.hpp"
+
 namespace tool_binding::json {
 
 namespace {
@@ -25,13 +27,6 @@ Value effective_bound(const ParamSpec& param, const Value& bound) {
   }
 }
 
-bool is_above(const Value& left, const Value& right) {
-  if (left.is_integer()) {
-    return right.is_integer() ? left.integer() > right.integer() : left.integer().compare(right.floating()) > 0;
-  }
-  return right.is_integer() ? right.integer().compare(left.floating()) < 0 : left.floating() > right.floating();
-}
-
 }  // namespace
 
 EffectiveBounds effective_bounds(const ParamSpec& param) {
@@ -41,7 +36,7 @@ EffectiveBounds effective_bounds(const ParamSpec& param) {
   }
   EffectiveBounds bounds{effective_bound(param, param.minimum), effective_bound(param, param.maximum)};
   const bool are_both = !bounds.minimum.is_null() && !bounds.maximum.is_null();
-  return are_both && is_above(bounds.minimum, bounds.maximum) ? EffectiveBounds{} : bounds;
+  return are_both && compare_numbers(bounds.minimum, bounds.maximum) > 0 ? EffectiveBounds{} : bounds;
 }
 
 bool is_finite(const Value& value) {

@@ -10,7 +10,6 @@
 #include <utility>
 #include <vector>
 
-#include "nearest_word.hpp"
 #include "node.hpp"
 #include "tool_binding/handler.hpp"
 #include "tool_binding/registry_check.hpp"

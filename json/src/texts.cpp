@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "scalars.hpp"
-#include "utf8.hpp"
+#include "tool_binding/detail/code_points.hpp"
 
 namespace tool_binding::json {
 
@@ -76,10 +76,10 @@ class Unescaper {
       const std::optional<std::uint32_t> other = code_unit(content_.substr(offset_));
       if (other && is_second_half(*other)) {
         offset_ += 2 + code_unit_digits;
-        return append_code_point(out_, 0x10000 + ((unit - 0xD800) << 10U) + (*other - 0xDC00));
+        return text::append_code_point(out_, 0x10000 + ((unit - 0xD800) << 10U) + (*other - 0xDC00));
       }
     }
-    append_code_point(out_, unit);
+    text::append_code_point(out_, unit);
   }
 
   std::uint32_t take_code_unit() {

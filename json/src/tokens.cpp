@@ -7,8 +7,8 @@
 #include <cstring>
 #include <new>
 
+#include "tool_binding/detail/code_points.hpp"
 #include "tool_binding/json/parse_error.hpp"
-#include "utf8.hpp"
 
 namespace tool_binding::json {
 
@@ -38,6 +38,18 @@ TextFault first_text_fault(std::string_view bytes) noexcept {
     }
   }
   return {opened, "the string that begins here is not closed"};
+}
+
+/// The offset of the first byte that is not part of well-formed UTF-8, npos when there is none.
+std::size_t first_ill_formed(std::string_view bytes) noexcept {
+  for (std::size_t offset = 0; offset < bytes.size();) {
+    const text::CodePoint next = text::next_code_point(bytes.substr(offset));
+    if (next.is_surrogate()) {
+      return offset;
+    }
+    offset += next.size;
+  }
+  return std::string_view::npos;
 }
 
 }  // namespace

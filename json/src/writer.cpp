@@ -14,7 +14,7 @@
 #include <string_view>
 #include <utility>
 
-#include "utf8.hpp"
+#include "tool_binding/detail/code_points.hpp"
 
 namespace tool_binding::json {
 
@@ -97,23 +97,17 @@ void append_escaped(std::string& out, char byte) {
   append_code_unit(out, static_cast<unsigned char>(byte));
 }
 
-/// Appends what `text` begins with, a byte that is not plain, and returns how many bytes that was.
-std::size_t append_first(std::string& out, std::string_view text) {
-  const auto unit_bits = [&](std::size_t offset) { return static_cast<unsigned char>(text[offset]) & 0x3FU; };
-  if (static_cast<unsigned char>(text.front()) < 0x80) {
-    append_escaped(out, text.front());
-    return 1;
+/// Appends what `bytes` begin with, a byte that is not plain, and returns how many bytes that was.
+std::size_t append_first(std::string& out, std::string_view bytes) {
+  const text::CodePoint first = text::next_code_point(bytes);
+  if (text::is_ascii(bytes.front())) {
+    append_escaped(out, bytes.front());
+  } else if (first.is_surrogate()) {
+    append_code_unit(out, first.value);
+  } else {
+    out.append(bytes.substr(0, first.size));
   }
-  if (const std::size_t size = sequence_size(text); size != 0) {
-    out.append(text.substr(0, size));
-    return size;
-  }
-  if (begins_with_surrogate(text)) {
-    append_code_unit(out, 0xD000U | (unit_bits(1) << 6U) | unit_bits(2));
-    return 3;
-  }
-  append_code_unit(out, 0xDC00U + static_cast<unsigned char>(text.front()));
-  return 1;
+  return first.size;
 }
 
 /// `text` with what cannot stand in a JSON text escaped.

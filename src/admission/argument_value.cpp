@@ -7,9 +7,9 @@
 
 #include "text/lower_case.hpp"
 #include "text/white_space.hpp"
+#include "tool_binding/detail/numbers.hpp"
 #include "tool_binding/errors.hpp"
 #include "values/forms.hpp"
-#include "values/numbers.hpp"
 
 namespace tool_binding {
 

@@ -23,8 +23,7 @@ class RegistryFindings {
   std::vector<RegistryFinding> all_;
 };
 
-/// "; did you mean 'limit'?", empty where none of the names is near.
-[[nodiscard]] std::string did_you_mean_one_of(const std::vector<Text>& names, const Text& given);
+[[nodiscard]] std::string did_you_mean(const Text& given, const std::vector<Text>& names);
 
 /// A name or a text as findings show it.
 [[nodiscard]] inline std::string quoted(const Text& text) { return quoted_form(Value(text)); }

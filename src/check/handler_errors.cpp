@@ -150,7 +150,7 @@ void HandlerChecker::check_item(const Parameter& parameter) {
   }
   const KeywordArgument* const offer = offered_->find(parameter.name);
   if (offer == nullptr) {
-    add(Fault::unoffered_item, {quoted(parameter.name), did_you_mean_one_of(names_of(*offered_), parameter.name)});
+    add(Fault::unoffered_item, {quoted(parameter.name), did_you_mean(parameter.name, names_of(*offered_))});
   } else if (!offer->is_item(*parameter.item)) {
     add(Fault::item_type,
         {quoted(parameter.name), offer->is_context() ? offer->item_type_name() : "a value", parameter.item->name});
@@ -170,7 +170,7 @@ void HandlerChecker::check_argument(const Text& name, const ArgumentType& type) 
     check_kind({.name = name, .type = "string", .enum_ = std::move(actions), .required = true}, type,
                *type_row("string"));
   } else if (const ParamSpec* const param = declared(name); param == nullptr) {
-    add(Fault::undeclared_parameter, {quoted(name), did_you_mean_one_of(bound_names(), name)});
+    add(Fault::undeclared_parameter, {quoted(name), did_you_mean(name, bound_names())});
   } else if (const TypeRow* const given = given_type(*param); given != nullptr) {
     check_kind(*param, type, *given);
   }

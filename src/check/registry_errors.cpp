@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <map>
 #include <utility>
 
 #include "check/findings.hpp"
 #include "check/handler_errors.hpp"
 #include "near_names/nearest.hpp"
+#include "text/lower_case.hpp"
+#include "tool_binding/detail/numbers.hpp"
 #include "types/type_words.hpp"
-#include "values/numbers.hpp"
 
 namespace tool_binding {
 
@@ -21,7 +23,7 @@ using Places = std::map<Text, std::string>;
 
 bool is_bound(const Value& value) noexcept { return value.is_null() || is_number(value); }
 
-std::string did_you_mean(std::string_view word) { return "; did you mean '" + std::string(word) + "'?"; }
+std::string proposal(std::string_view word) { return "; did you mean '" + std::string(word) + "'?"; }
 
 std::vector<Text> type_words() {
   std::vector<Text> words;
@@ -81,7 +83,7 @@ class ErrorChecker {
     std::transform(tool.actions.begin(), tool.actions.end(), declared.begin(),
                    [](const ActionSpec& action) { return action.name; });
     if (std::find(declared.begin(), declared.end(), name) == declared.end()) {
-      findings_.add(Fault::undeclared_action, std::move(place), {quoted(name), did_you_mean_one_of(declared, name)});
+      findings_.add(Fault::undeclared_action, std::move(place), {quoted(name), did_you_mean(name, declared)});
     }
   }
 
@@ -89,7 +91,7 @@ class ErrorChecker {
     if (type_row(word) == nullptr) {
       const auto meant = type_word_of(word);
       findings_.add(Fault::type_word, std::move(place),
-                    {quoted(word), meant ? did_you_mean(*meant) : did_you_mean_one_of(type_words(), word)});
+                    {quoted(word), meant ? proposal(*meant) : did_you_mean(word, type_words())});
     }
   }
 
@@ -177,10 +179,20 @@ void ErrorChecker::check_handler(const ToolDeclaration& tool, const Signature& s
 
 }  // namespace
 
-std::string did_you_mean_one_of(const std::vector<Text>& names, const Text& given) {
-  const detail::NearCandidates candidates(names);
-  const Text* const near = _nearest(given, candidates);
-  return near == nullptr ? "" : did_you_mean(*near);
+std::string did_you_mean(std::string_view given, std::span<const std::string_view> names) {
+  std::vector<Text> lowered;
+  std::transform(names.begin(), names.end(), std::back_inserter(lowered),
+                 [](std::string_view name) { return text::lower_case(name); });
+  const detail::NearCandidates candidates(lowered);
+  const Text* const near = _nearest(text::lower_case(given), candidates);
+  if (near == nullptr) {
+    return "";
+  }
+  return proposal(names[static_cast<std::size_t>(std::find(lowered.begin(), lowered.end(), *near) - lowered.begin())]);
+}
+
+std::string did_you_mean(const Text& given, const std::vector<Text>& names) {
+  return did_you_mean(given.view(), std::vector<std::string_view>(names.begin(), names.end()));
 }
 
 std::vector<RegistryFinding> registry_errors(std::span<const RegistryEntry> entries, const KeywordArguments* offered) {

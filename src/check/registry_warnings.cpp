@@ -9,8 +9,8 @@
 #include "check/findings.hpp"
 #include "compile/compiled_tool.hpp"
 #include "text/code_points.hpp"
+#include "tool_binding/detail/numbers.hpp"
 #include "tool_binding/tool_binding.hpp"
-#include "values/numbers.hpp"
 
 namespace tool_binding {
 
