@@ -23,7 +23,7 @@ void append_reply(json::Writer& out, const Text& tool, const Text& name, const V
 
 }  // namespace
 
-ExitStatus answer_questions(const Files& files, const Text& name, const Question& question) {
+ExitStatus answer_questions(const Files& files, const Text& name, const Reply& reply) {
   static_cast<void>(load_registry(files.registry));
   return answer_lines(files, [&] {
     return [&, reader = std::make_shared<json::Reader>()](const Line& line, json::Writer& out) {
@@ -32,7 +32,7 @@ ExitStatus answer_questions(const Files& files, const Text& name, const Question
         const Value request = read_line(*reader, line.text);
         const ArgumentMap& members = members_of(request);
         tool = required_text(members, "tool");
-        append_reply(out, *tool, name, question(*tool, members));
+        append_reply(out, *tool, name, reply(*tool, members));
         return Outcome::answered;
       } catch (const Error& error) {
         append_refusal(out, {}, tool, refusal_of(error, line.number));

@@ -9,11 +9,11 @@
 
 namespace tool_binding::cli {
 
-/// What a line asks about its tool. Throws InvalidRequest and the errors of the layer.
-using Question = std::function<Value(const Text& tool, const ArgumentMap& line)>;
+/// The reply to what a line asks about its tool. Throws InvalidRequest and the errors of the layer.
+using Reply = std::function<Value(const Text& tool, const ArgumentMap& line)>;
 
-/// Loads the registry and answers every line {"tool": …} with {"tool": …, NAME: VALUE}, where VALUE answers the
-/// question, or with a refusal. Throws UnusableFile and std::system_error.
-[[nodiscard]] ExitStatus answer_questions(const Files& files, const Text& name, const Question& question);
+/// Loads the registry and answers every line {"tool": …} with {"tool": …, NAME: VALUE}, where VALUE is the
+/// reply, or with a refusal. Throws UnusableFile and std::system_error.
+[[nodiscard]] ExitStatus answer_questions(const Files& files, const Text& name, const Reply& reply);
 
 }  // namespace tool_binding::cli

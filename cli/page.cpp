@@ -8,7 +8,7 @@ namespace tool_binding::cli {
 namespace {
 
 constexpr std::size_t widest_line = 120;
-constexpr std::size_t step = 2;
+constexpr std::size_t indent_step = 2;
 
 void append(std::string& page, const Value& value, std::size_t indent);
 
@@ -22,8 +22,8 @@ void append_list(std::string& page, const Value& list, std::size_t indent) {
   bool is_first = true;
   page.append("[");
   for (const Value& item : list.list()) {
-    begin_line(page, is_first, indent + step);
-    append(page, item, indent + step);
+    begin_line(page, is_first, indent + indent_step);
+    append(page, item, indent + indent_step);
   }
   page.append("\n").append(indent, ' ').append("]");
 }
@@ -32,10 +32,10 @@ void append_object(std::string& page, const Value& object, std::size_t indent) {
   bool is_first = true;
   page.append("{");
   for (const auto& [name, value] : object.mapping()) {
-    begin_line(page, is_first, indent + step);
+    begin_line(page, is_first, indent + indent_step);
     page += json::write(name);
     page.append(": ");
-    append(page, value, indent + step);
+    append(page, value, indent + indent_step);
   }
   page.append("\n").append(indent, ' ').append("}");
 }

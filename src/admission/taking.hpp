@@ -3,7 +3,7 @@
 
 #include "admission/normalizing.hpp"
 #include "near_names/nearest.hpp"
-#include "registry/routing_params.hpp"
+#include "registry/tool_record.hpp"
 #include "text/white_space.hpp"
 
 /// Taking: what each argument of a request gives, by its name.

@@ -2,8 +2,9 @@
 #include <utility>
 
 #include "compile/compiled_tool.hpp"
-#include "registry/effective_action.hpp"
+#include "registry/tool_record.hpp"
 #include "tool_binding/tool_binding.hpp"
+#include "values/forms.hpp"
 
 namespace tool_binding {
 
@@ -52,6 +53,22 @@ ArgumentMap bind_arguments(const ToolSpec& tool, ArgumentMap&& arguments) {
   return _bound(tool, arguments, [&](ArgumentMap& bound, std::uint32_t slot, std::size_t place) {
     bound.swap_at(slot, arguments, place);
   });
+}
+
+Value action_default(std::string_view tool, std::string_view name, std::string_view action) {
+  return action_default(TOOLS[tool], name, action);
+}
+
+Value action_default(const ToolSpec& tool, std::string_view name, std::string_view action) {
+  const ParamSpec* const param = tool.param(name);
+  if (param == nullptr) {
+    TextBuilder message;
+    message.append("the registry's ").append(tool.name()).append(" tool declares no ");
+    append_quoted_text(message, name);
+    throw LookupError(message.view());
+  }
+  const Value* const differing = param->action_defaults.find(action);
+  return differing == nullptr ? param->default_ : *differing;
 }
 
 }  // namespace tool_binding

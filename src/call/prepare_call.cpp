@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "admission/settling.hpp"
 #include "admission/taking.hpp"
-#include "registry/effective_action.hpp"
+#include "registry/tool_record.hpp"
 #include "tool_binding/call.hpp"
 
 namespace tool_binding {

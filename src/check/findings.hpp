@@ -25,6 +25,12 @@ class RegistryFindings {
 
 [[nodiscard]] std::string did_you_mean(const Text& given, const std::vector<Text>& names);
 
+/// Adds a finding for everything that the signature, which stands at `place`, says of its types and that the tool, or
+/// the context that the daemon offers, does not give. `offered` is null where that is not known. Of a signature without
+/// types nothing is said.
+void check_types(const ToolDeclaration& tool, const Signature& signature, const KeywordArguments* offered,
+                 const std::string& place, RegistryFindings& findings);
+
 /// A name or a text as findings show it.
 [[nodiscard]] inline std::string quoted(const Text& text) { return quoted_form(Value(text)); }
 

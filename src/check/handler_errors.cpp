@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "check/handler_errors.hpp"
-
 #include <algorithm>
 #include <iterator>
 #include <optional>
 #include <utility>
 
+#include "check/findings.hpp"
 #include "tool_binding/argument_type.hpp"
 #include "types/type_words.hpp"
 

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "check/findings.hpp"
-#include "check/handler_errors.hpp"
 #include "near_names/nearest.hpp"
 #include "text/lower_case.hpp"
 #include "tool_binding/detail/numbers.hpp"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tool_binding/tool_schemas.hpp"
 
-#include "registry/effective_action.hpp"
+#include "registry/tool_record.hpp"
 
 namespace tool_binding {
 

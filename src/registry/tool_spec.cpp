@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "registry/routing_params.hpp"
 #include "registry/tool_record.hpp"
 #include "tool_binding/tool_registry.hpp"
 

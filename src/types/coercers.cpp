@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "types/coercers.hpp"
-
 #include <cmath>
 #include <utility>
 
 #include "types/numerals.hpp"
 #include "types/text_values.hpp"
+#include "types/type_words.hpp"
 
 namespace tool_binding {
 

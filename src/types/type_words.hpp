@@ -2,12 +2,23 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string_view>
 
-#include "types/coercers.hpp"
+#include "tool_binding/value.hpp"
 
 /// The five types of a parameter, a row for each.
 namespace tool_binding {
+
+// The coercers: each is given a value that is not of its type yet, and returns it as one that is. Null stands for a
+// value that cannot be read so, whether by its kind or by its content: a refused value is an everyday answer of
+// admission, and costs no exception.
+[[nodiscard]] Value _integer(const Value& value);
+/// Throws std::overflow_error for an integer beyond the largest double.
+[[nodiscard]] Value _number(const Value& value);
+[[nodiscard]] Value _boolean(const Value& value);
+[[nodiscard]] Value _string(const Value& value);
+[[nodiscard]] Value _array(const Value& value);
 
 enum class TypeWord : std::uint8_t { integer, number, boolean, string, array };
 
