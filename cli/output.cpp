@@ -14,7 +14,7 @@ namespace tool_binding::cli {
 
 namespace {
 
-[[noreturn]] void fail(const std::string& name) {
+[[noreturn]] void fail_to_write(const std::string& name) {
   throw std::system_error(errno, std::generic_category(), "cannot write " + name);
 }
 
@@ -27,7 +27,7 @@ bool write_all(int descriptor, std::string_view text, const std::string& name) {
     } else if (errno == EPIPE) {
       return false;
     } else if (errno != EINTR) {
-      fail(name);
+      fail_to_write(name);
     }
   }
   return true;
@@ -51,7 +51,7 @@ void write_file(const std::string& path, std::string_view content) {
   constexpr mode_t for_all = 0666;
   const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, for_all);
   if (descriptor < 0) {
-    fail(path);
+    fail_to_write(path);
   }
   const Closing closing = {descriptor};
   write_all(descriptor, content, path);

@@ -52,7 +52,7 @@ struct RegistryFinding {
     item_type,             ///< a context item that the daemon does not offer as that type
     // warnings
     crossed_bounds,         ///< a minimum above the maximum
-    idle_bound,             ///< a bound that never acts
+    idle_bound,             ///< a bound that has no effect
     refused_default,        ///< a default that its own parameter would refuse
     changed_default,        ///< a default that its own parameter would change
     unmatched_value,        ///< an enumeration value that no argument can name

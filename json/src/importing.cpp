@@ -127,7 +127,7 @@ void Importing::read_required(const Value& names, const std::string& place) {
   const bool needs_action = required_.contains(ACTION_PARAM);
   if (needs_action && tool_.default_action) {
     tool_.default_action.reset();
-    remarks_.add(Kind::annotation, ACTION_PARAM, place, "is required: its default never acts");
+    remarks_.add(Kind::annotation, ACTION_PARAM, place, "is required: its default has no effect");
   } else if (!needs_action && !tool_.actions.empty() && !tool_.default_action) {
     remarks_.add(Kind::reading, ACTION_PARAM, place, "has no default: calls have to name one");
   }

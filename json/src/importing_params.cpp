@@ -57,7 +57,7 @@ void Importing::read_property(const Text& name, const Value& schema, const std::
     return;
   }
   if (is_reserved_name(name)) {
-    leave_out(name, "has a name that admission keeps for itself", place);
+    leave_out(name, "has a reserved name", place);
     return;
   }
   if (name.empty()) {
@@ -135,7 +135,7 @@ void Importing::read_items(ParamSpec& param, const Value& items, const std::stri
   } else if (reading.type || reading.unsayable != "any value") {
     const std::string what = reading.type ? with_article(*reading.type) : reading.unsayable;
     remarks_.add(Kind::rule_lost, param.name, place,
-                 "items are taken as they come: that each is " + what + " never acts");
+                 "items are taken as they come: that each is " + what + " has no effect");
   }
   if (const Value* const values = reading.members.find("enum"); reading.type && values != nullptr) {
     take_enumeration(param, read_item_enumeration(*values), member_place(place, "enum"));
@@ -183,7 +183,7 @@ void Importing::read_bound(ParamSpec& param, Value ParamSpec::*bound, const Valu
   const auto whole = value.to_int64();
   constexpr std::int64_t far = std::int64_t{1} << 53U;
   if (!takes_bounds || !(value.is_integer() || value.is_floating()) || !(param.*bound).is_null()) {
-    remarks_.add(Kind::rule_lost, param.name, place, "the bound " + quoted_form(value) + " never acts");
+    remarks_.add(Kind::rule_lost, param.name, place, "the bound " + quoted_form(value) + " has no effect");
   } else if (!is_exclusive) {
     param.*bound = value;
   } else if (param.type == "integer" && whole && *whole > -far && *whole < far) {
