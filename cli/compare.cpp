@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <CLI/CLI.hpp>
+#include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -52,34 +54,43 @@ void load(Registries& registries, const CompareOptions& options) {
   }
 }
 
-struct ChangedLine {
-  report::ChangedRequest request;
-  Line line;
-};
-
 /// What was seen of the requests of a block.
 struct Differences {
-  std::vector<ChangedLine> changed;
+  /// How often a change was seen here, with its first request unless this thread has handed on an earlier one.
+  std::map<report::Comparison::Key, report::Comparison::Changed> changed;
+  std::string list;  ///< a line for each, where that is asked for
   std::vector<report::Sight> no_requests;
   std::size_t requests = 0;
   std::size_t file = 0;
   std::size_t size = 0;
 };
 
-/// Compares the answers to lines, in one thread.
+std::string listed(const std::string& file, const Line& line, const Text& tool, const report::Difference& difference) {
+  return json::write(ArgumentMap{{"file", file},
+                                 {"line", line.number},
+                                 {"tool", tool},
+                                 {"change", word_of(difference.change)},
+                                 {"cause", difference.cause},
+                                 {"before", answer_value(difference.before)},
+                                 {"after", answer_value(difference.after)}}) +
+         "\n";
+}
+
+/// Compares the answers to lines, in one thread. Of requests that change alike only the first is handed on whole, since
+/// what one thread makes and another throws away makes both wait.
 class Comparing {
  public:
-  explicit Comparing(const Registries& registries) : registries_(registries) {}
+  Comparing(const Registries& registries, bool lists) : registries_(registries), lists_(lists) {}
 
-  void compare(const Line& line, Differences& differences) {
+  void compare(const Line& line, const std::string& file, Differences& differences) {
     try {
       const Value request = read_line(reader_, line.text);
       const Call call = read_call(request, envelope_of(request).shape);
       ++differences.requests;
-      std::optional<report::ChangedRequest> changed =
+      const std::optional<report::Difference> difference =
           report::compare(registries_.before, registries_.after, call.tool, call.arguments.mapping());
-      if (changed) {
-        differences.changed.push_back({std::move(*changed), line});
+      if (difference) {
+        add(line, file, call.tool, *difference, differences);
       }
     } catch (const ValueError& error) {
       differences.no_requests.push_back(report::sight_of_no_request(fault_of(error), {line.number, line.text}));
@@ -87,37 +98,45 @@ class Comparing {
   }
 
  private:
+  void add(const Line& line, const std::string& file, const Text& tool, const report::Difference& difference,
+           Differences& differences) {
+    if (lists_) {
+      differences.list += listed(file, line, tool, difference);
+    }
+    const report::Comparison::Key key(tool, difference.change, difference.cause);
+    report::Comparison::Changed& changed = differences.changed[key];
+    ++changed.times;
+    if (handed_on_.insert(key).second) {
+      changed.example = {file, line.number, report::shortened(line.text)};
+      changed.before = answer_value(difference.before);
+      changed.after = answer_value(difference.after);
+    }
+  }
+
   const Registries& registries_;
+  bool lists_;
   json::Reader reader_;
+  std::set<report::Comparison::Key> handed_on_;
 };
 
-std::string listed(const ChangedLine& changed, const std::string& file) {
-  const report::ChangedRequest& request = changed.request;
-  return json::write(ArgumentMap{{"file", file},
-                                 {"line", changed.line.number},
-                                 {"tool", request.tool},
-                                 {"change", word_of(request.change)},
-                                 {"cause", request.cause},
-                                 {"before", request.before},
-                                 {"after", request.after}}) +
-         "\n";
-}
-
 /// Counts what was seen of a block, and lists it where that is asked for; false when nobody reads the list.
-bool take(report::Comparison& comparison, Differences& differences, const std::string& file, bool lists) {
-  std::string list;
+bool take(report::Comparison& comparison, Differences& differences, const std::string& file) {
   comparison.requests += differences.requests;
-  for (ChangedLine& changed : differences.changed) {
-    if (lists) {
-      list += listed(changed, file);
+  for (auto& [key, here] : differences.changed) {
+    report::Comparison::Changed& changed = comparison.changes[key];
+    const std::uint64_t times = changed.times + here.times;
+    if (changed.times == 0) {
+      changed = std::move(here);
     }
-    comparison.add(std::move(changed.request), {file, changed.line.number, report::shortened(changed.line.text)});
+    changed.times = times;
   }
   count(comparison.no_requests, differences.no_requests, file);
+  const bool is_read = print(differences.list);
   differences.changed.clear();
+  differences.list.clear();
   differences.no_requests.clear();
   differences.requests = 0;
-  return print(list);
+  return is_read;
 }
 
 report::Comparison compare_all(const Registries& registries, const CompareOptions& options) {
@@ -127,14 +146,14 @@ report::Comparison compare_all(const Registries& registries, const CompareOption
   Progress progress(paths);
   InOrder<Differences> blocks{InputBlocks(paths), [&](Differences& differences) {
                                 progress.advance(differences.size);
-                                return take(comparison, differences, paths[differences.file], options.lists);
+                                return take(comparison, differences, paths[differences.file]);
                               }};
   blocks.run(options.requests.jobs, [&] {
-    return [comparing = std::make_shared<Comparing>(registries)](const Block& block, Differences& differences,
-                                                                 const auto&) {
+    return [comparing = std::make_shared<Comparing>(registries, options.lists), &paths](
+               const Block& block, Differences& differences, const auto&) {
       differences.file = block.file();
       differences.size = block.size();
-      block.each_line([&](const Line& line) { comparing->compare(line, differences); });
+      block.each_line([&](const Line& line) { comparing->compare(line, paths[block.file()], differences); });
     };
   });
   return comparison;

@@ -17,17 +17,6 @@ namespace {
 constexpr std::array<std::string_view, 5> change_words = {"now_refused", "other_arguments", "other_keywords",
                                                           "now_admitted", "other_words"};
 
-/// What a registry answers to a request.
-struct Answer {
-  bool is_admitted = false;
-  ArgumentMap arguments = {};
-  ArgumentMap keywords = {};
-  std::vector<std::string> notes = {};
-  std::string_view error = {};  ///< the type of the error, and its words
-  Text message = {};
-  std::vector<Finding> findings = {};
-};
-
 ArgumentMap keywords_of(const ToolSpec& tool, const Handler& handler, const ArgumentMap& admitted) {
   ArgumentMap keywords;
   for (const auto& [name, argument] : handler_kwargs(handler, bind_arguments(tool, admitted), {})) {
@@ -123,15 +112,6 @@ Text cause_of(Change change, const Answer& before, const Answer& after, const To
   return {};
 }
 
-Value value_of(Answer answer) {
-  if (!answer.is_admitted) {
-    return ArgumentMap{{"error", answer.error}, {"message", answer.message}};
-  }
-  return ArgumentMap{{"arguments", std::move(answer.arguments)},
-                     {"notes", std::vector<Value>(answer.notes.begin(), answer.notes.end())},
-                     {"keywords", std::move(answer.keywords)}};
-}
-
 /// Whether two tools take the same arguments, whatever their names.
 bool take_alike(const ToolSpec& left, const ToolSpec& right) {
   const auto are_same = [](std::span<const Text> some, std::span<const Text> others) {
@@ -157,16 +137,16 @@ Text new_name_of(const ToolSpec& tool, const Registry& before, const Registry& a
   return name;
 }
 
-Value changed_value(const Comparison::Changed& changed) {
-  return ArgumentMap{{"tool", changed.first.tool},
-                     {"change", word_of(changed.first.change)},
-                     {"cause", changed.first.cause},
+Value changed_value(const Comparison::Key& key, const Comparison::Changed& changed) {
+  return ArgumentMap{{"tool", std::get<0>(key)},
+                     {"change", word_of(std::get<1>(key))},
+                     {"cause", std::get<2>(key)},
                      {"times", changed.times},
                      {"example", ArgumentMap{{"file", changed.example.file},
                                              {"line", changed.example.line},
                                              {"request", changed.example.request},
-                                             {"before", changed.first.before},
-                                             {"after", changed.first.after}}}};
+                                             {"before", changed.before},
+                                             {"after", changed.after}}}};
 }
 
 Value gone_value(const GoneTool& gone) {
@@ -179,8 +159,17 @@ std::string_view word_of(Change change) noexcept { return change_words[static_ca
 
 bool is_worse(Change change) noexcept { return change <= Change::other_keywords; }
 
-std::optional<ChangedRequest> compare(const Registry& before, const Registry& after, const Text& tool,
-                                      const ArgumentMap& arguments) {
+Value answer_value(const Answer& answer) {
+  if (!answer.is_admitted) {
+    return ArgumentMap{{"error", answer.error}, {"message", answer.message}};
+  }
+  return ArgumentMap{{"arguments", answer.arguments},
+                     {"notes", std::vector<Value>(answer.notes.begin(), answer.notes.end())},
+                     {"keywords", answer.keywords}};
+}
+
+std::optional<Difference> compare(const Registry& before, const Registry& after, const Text& tool,
+                                  const ArgumentMap& arguments) {
   Answer old_answer = answer_of(before, tool, arguments);
   Answer new_answer = answer_of(after, tool, arguments);
   const std::optional<Change> change = change_of(old_answer, new_answer);
@@ -188,7 +177,7 @@ std::optional<ChangedRequest> compare(const Registry& before, const Registry& af
     return {};
   }
   const Text cause = cause_of(*change, old_answer, new_answer, before.tools.find(tool), after.tools.find(tool));
-  return ChangedRequest{*change, tool, cause, value_of(std::move(old_answer)), value_of(std::move(new_answer))};
+  return Difference{*change, cause, std::move(old_answer), std::move(new_answer)};
 }
 
 std::vector<GoneTool> gone_tools(const Registry& before, const Registry& after) {
@@ -201,18 +190,10 @@ std::vector<GoneTool> gone_tools(const Registry& before, const Registry& after) 
   return gone;
 }
 
-void Comparison::add(ChangedRequest changed, const Example& example) {
-  Changed& entry = changes[{changed.tool, changed.change, changed.cause}];
-  if (entry.times++ == 0) {
-    entry.example = example;
-    entry.first = std::move(changed);
-  }
-}
-
 std::uint64_t Comparison::times(Change change) const noexcept {
   std::uint64_t times = 0;
   for (const auto& [key, changed] : changes) {
-    times += changed.first.change == change ? changed.times : 0;
+    times += std::get<1>(key) == change ? changed.times : 0;
   }
   return times;
 }
@@ -230,7 +211,7 @@ Value comparison_value(const Comparison& comparison) {
   members.append("gone_tools", std::move(gone));
   std::vector<Value> changes;
   for (const auto& [key, changed] : comparison.changes) {
-    changes.push_back(changed_value(changed));
+    changes.push_back(changed_value(key, changed));
   }
   members.append("changes", std::move(changes));
   return members;

@@ -69,15 +69,15 @@ void add_gone(TextWriter& page, const Comparison& comparison) {
   }
 }
 
-void add_changed(TextWriter& page, const Comparison& comparison, const Comparison::Changed& changed) {
-  const Change change = changed.first.change;
-  const std::string cause = changed.first.cause.empty() ? "" : ": " + shown(changed.first.cause);
-  const std::string name = cut(shown(changed.first.tool) + cause, 50);
+void add_changed(TextWriter& page, const Comparison& comparison, const Comparison::Key& key,
+                 const Comparison::Changed& changed) {
+  const auto& [tool, change, cause] = key;
+  const std::string name = cut(shown(tool) + (cause.empty() ? "" : ": " + shown(cause)), 50);
   page.add_share("  " + name, 52, colour_of(change, page.style()), changed.times, comparison.requests, 20);
   page.add_example(changed.example, "      ");
   const std::size_t room = page.style().width > 40 ? page.style().width * 2 : 80;
-  page.add_words("before: " + cut(shown_answer(changed.first.before, change), room), "              ", {}, "      ");
-  page.add_words("after:  " + cut(shown_answer(changed.first.after, change), room), "              ", {}, "      ");
+  page.add_words("before: " + cut(shown_answer(changed.before, change), room), "              ", {}, "      ");
+  page.add_words("after:  " + cut(shown_answer(changed.after, change), room), "              ", {}, "      ");
 }
 
 }  // namespace
@@ -102,8 +102,8 @@ std::string text_page(const Comparison& comparison, const TextStyle& style) {
     }
     page.add_heading(words_for(change) + (is_worse(change) ? " (worse)" : ""));
     for (const auto& [key, changed] : comparison.changes) {
-      if (changed.first.change == change) {
-        add_changed(page, comparison, changed);
+      if (std::get<1>(key) == change) {
+        add_changed(page, comparison, key, changed);
       }
     }
   }

@@ -39,21 +39,33 @@ struct Registry {
   Handlers handlers = {};
 };
 
-/// A request that is answered otherwise, with both answers: {"arguments": …, "notes": …, "keywords": …} or
-/// {"error": …, "message": …}.
-struct ChangedRequest {
+/// What a registry answers to a request.
+struct Answer {
+  bool is_admitted = false;
+  ArgumentMap arguments = {};
+  ArgumentMap keywords = {};
+  std::vector<std::string> notes = {};
+  std::string_view error = {};  ///< the type of the error, and its words
+  Text message = {};
+  std::vector<Finding> findings = {};
+};
+
+/// An answer as data: {"arguments": …, "notes": …, "keywords": …} or {"error": …, "message": …}.
+[[nodiscard]] Value answer_value(const Answer& answer);
+
+/// A request that is answered otherwise.
+struct Difference {
   Change change = {};
-  Text tool = {};
   Text cause = {};  ///< what it comes from: the kind of the first new problem and its parameter, or the first argument
                     ///< or keyword that differs; empty where nothing of the kind is known
-  Value before = {};
-  Value after = {};
+  Answer before = {};
+  Answer after = {};
 };
 
 /// The change of one request, no value where both registries answer alike. Throws only what admission throws for a
 /// faulty declaration. May be called by several threads at once.
-[[nodiscard]] std::optional<ChangedRequest> compare(const Registry& before, const Registry& after, const Text& tool,
-                                                    const ArgumentMap& arguments);
+[[nodiscard]] std::optional<Difference> compare(const Registry& before, const Registry& after, const Text& tool,
+                                                const ArgumentMap& arguments);
 
 /// A tool that the changed registry lacks.
 struct GoneTool {
@@ -66,20 +78,21 @@ struct GoneTool {
 
 /// What was counted over all requests.
 struct Comparison {
-  /// The first request that changed so, with its place.
+  /// The tool, the change and its cause: as many as registries make, whatever callers send.
+  using Key = std::tuple<Text, Change, Text>;
+
+  /// The requests that changed alike, and the first of them.
   struct Changed {
     std::uint64_t times = 0;
-    ChangedRequest first = {};
     Example example = {};
+    Value before = {};
+    Value after = {};
   };
 
   std::uint64_t requests = 0;
-  std::map<std::tuple<Text, Change, Text>, Changed> changes = {};  ///< by tool, change and cause
-  Row no_requests{1024};                                           ///< lines that are no requests
+  std::map<Key, Changed> changes = {};
+  Row no_requests{1024};  ///< lines that are no requests
   std::vector<GoneTool> gone = {};
-
-  /// Counts one changed request; the requests themselves are counted by the caller.
-  void add(ChangedRequest changed, const Example& example);
 
   [[nodiscard]] std::uint64_t times(Change change) const noexcept;
 };
