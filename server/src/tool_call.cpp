@@ -5,10 +5,10 @@
 #include <optional>
 #include <utility>
 
+#include "tool_binding/call.hpp"
 #include "tool_binding/errors.hpp"
 #include "tool_binding/json/findings.hpp"
 #include "tool_binding/json/writer.hpp"
-#include "tool_binding/tool_binding.hpp"
 #include "tool_list.hpp"
 #include "wire.hpp"
 
@@ -62,28 +62,25 @@ Answer refusal(std::string_view words, const Limits& limits) {
   return Answer::error(shortened(words, limits.refusal_bytes));
 }
 
-Answer handled(const Core& core, const Tool& tool, ArgumentMap admitted, Call& call) {
-  ArgumentMap bound = bind_arguments(*tool.spec, std::move(admitted));
-  KeywordArguments keywords = handler_kwargs(tool.shape, std::move(bound), core.context());
-  for (const Text& name : tool.call_names) {
-    keywords.set(name, KeywordArgument::context(call));
-  }
-  return tool.function(keywords);
-}
-
-Outcome admitted_call(const Core& core, const Tool& tool, const ArgumentMap& arguments, Call& call) {
-  Admission admission = admit(*tool.spec, arguments);
+Outcome prepared_call(const Core& core, const Tool& tool, const ArgumentMap& arguments, Call& call) {
+  PreparedCall prepared = prepare_call(*tool.spec, tool.shape, arguments, core.context());
   Outcome outcome = {.answer = std::vector<Content>()};
-  if (!admission.findings().empty()) {
-    outcome.findings = bounded(admission.findings(), core.limits().refusal_bytes);
+  if (!prepared.findings().empty()) {
+    outcome.findings = bounded(prepared.findings(), core.limits().refusal_bytes);
   }
-  if (!admission.is_admitted()) {
-    outcome.answer = refusal(admission.refusal(), core.limits());
+  if (!prepared.is_admitted()) {
+    outcome.answer = refusal(prepared.refusal(), core.limits());
     return outcome;
   }
-  outcome.notes = bounded(admission.notes(), core.limits().refusal_bytes);
+  if (!prepared.findings().empty()) {
+    outcome.notes = bounded(prepared.notes(), core.limits().refusal_bytes);
+  }
   try {
-    outcome.answer = handled(core, tool, std::move(admission).arguments(), call);
+    KeywordArguments keywords = std::move(prepared).keywords();
+    for (const Text& name : tool.call_names) {
+      keywords.set(name, KeywordArgument::context(call));
+    }
+    outcome.answer = tool.function(keywords);
   } catch (const ArgumentError& error) {
     outcome.answer = refusal(error.message(), core.limits());
     std::vector<Value> found = bounded(error.findings(), core.limits().refusal_bytes);
@@ -95,7 +92,7 @@ Outcome admitted_call(const Core& core, const Tool& tool, const ArgumentMap& arg
 Outcome outcome_of(const Core& core, const Tool& tool, const ArgumentMap& arguments, Call& call) {
   const std::string name(tool.spec->name());
   try {
-    return admitted_call(core, tool, arguments, call);
+    return prepared_call(core, tool, arguments, call);
   } catch (const std::exception& failure) {
     return {.answer = refusal(name + " failed: " + failure.what(), core.limits())};
   } catch (...) {

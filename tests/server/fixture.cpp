@@ -75,6 +75,7 @@ std::string report(std::string_view text, Call& call) {
 
 /// Waits for its end, or so many milliseconds.
 std::string wait(std::int64_t milliseconds, bool stubborn, Call& call) {
+  call.progress(1, 2, "waiting");
   std::mutex mutex;
   std::condition_variable_any never;
   std::unique_lock lock(mutex);

@@ -7,6 +7,9 @@
 #include "tool_binding/json/parse_error.hpp"
 #include "tool_binding/json/registry_file.hpp"
 #endif
+#ifdef WITH_SERVER
+#include "tool_binding/server/server.hpp"
+#endif
 #ifdef WITH_NLOHMANN
 #include "tool_binding/nlohmann/json.hpp"
 #endif
@@ -15,6 +18,20 @@
 /// whose type both sides agree on.
 int main() {
   using namespace tool_binding;
+#ifdef WITH_SERVER
+  const server::Server served({.name = "consumer", .version = "1"},
+                              {{.tool = {.name = "search"},
+                                .handler = handler([](server::Call& call) { return call.is_cancelled() ? "" : "done"; },
+                                                   item<server::Call>("call"))}});
+  server::Session session(served);
+  static_cast<void>(session.answer(
+      R"({"jsonrpc": "2.0", "id": 1, "method": "initialize", "params": {"protocolVersion": "2025-06-18"}})"));
+  const std::string answer =
+      session.answer(R"({"jsonrpc": "2.0", "id": 2, "method": "tools/call", "params": {"name": "search"}})").at(0);
+  if (answer.find("\"done\"") == std::string::npos) {
+    return std::puts(answer.c_str()) >= 0 ? 1 : 2;
+  }
+#endif
 #ifdef WITH_JSON
   TOOLS.add(json::read_registry(R"({"tools": [{"name": "search", "params": [{"name": "limit", "type": "integer"}]}]})")
                 .front()
