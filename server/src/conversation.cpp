@@ -20,7 +20,9 @@ constexpr std::string_view capabilities_key = "io.modelcontextprotocol/clientCap
 constexpr std::string_view level_key = "io.modelcontextprotocol/logLevel";
 constexpr std::string_view subscription_key = "io.modelcontextprotocol/subscriptionId";
 
-bool is_modern(const ArgumentMap& meta) { return meta.contains(version_key) || meta.contains(capabilities_key); }
+bool is_modern(const ArgumentMap& meta) {
+  return member(meta, version_key) != nullptr || member(meta, capabilities_key) != nullptr;
+}
 
 Value modern_versions() {
   std::vector<Value> names;
@@ -319,7 +321,7 @@ void Conversation::list_tools(const Request& request, const Version& version, co
 
 Wishes Conversation::wishes_of(const ArgumentMap& params, const Version& version) const {
   Wishes wishes = {.level = version.is_modern ? nullptr : &level_, .version = &version};
-  const ArgumentMap meta = optional_object(params, "_meta");
+  const ArgumentMap& meta = optional_object(params, "_meta");
   if (const Value* const token = member(meta, "progressToken");
       token != nullptr && (token->is_text() || token->is_integer())) {
     wishes.progress_token = *token;
@@ -355,7 +357,7 @@ void Conversation::call(const Request& request, const Version& version, const Re
   if (tool == nullptr) {
     throw ProtocolError{ErrorCode::invalid_params, core_->unknown_tool_words(name)};
   }
-  ArgumentMap arguments = optional_object(request.params, "arguments");
+  const ArgumentMap& arguments = optional_object(request.params, "arguments");
   Wishes wishes = wishes_of(request.params, version);
   if (const std::string words = refusal_of(arguments, request); !words.empty()) {
     return reply.give(result_message(request.id, refused_call(*core_, words, version)));
@@ -366,7 +368,7 @@ void Conversation::call(const Request& request, const Version& version, const Re
               .reply = reply,
               .share = Share(shared_from_this(), request.bytes),
               .tool = tool,
-              .arguments = std::move(arguments),
+              .arguments = arguments.empty() ? Value() : *member(request.params, "arguments"),
               .link = std::make_shared<CallerLink>(std::move(wishes), core_->limits(), send_)});
   enter(running);
   runner_->run(*this, running);
@@ -425,7 +427,9 @@ std::string Conversation::result_of(const Running& call) const {
     return refused_call(*core_, "the input ended before this call was made", call.version);
   }
   Call handlers_call = CallerLink::call_of(call.link);
-  return call_result(*core_, *call.tool, call.arguments, call.version, handlers_call);
+  const ArgumentMap none;
+  return call_result(*core_, *call.tool, call.arguments.is_null() ? none : call.arguments.mapping(), call.version,
+                     handlers_call);
 }
 
 /// Answers a call, unless it was cancelled: then its id may be another's by now.

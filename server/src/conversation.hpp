@@ -55,7 +55,7 @@ struct Running {
   Reply reply;
   Share share;
   const Tool* tool = nullptr;
-  ArgumentMap arguments = {};
+  Value arguments = {};  ///< a mapping, or null for none
   std::shared_ptr<CallerLink> link = {};
 };
 

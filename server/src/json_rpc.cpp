@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "json_rpc.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -28,7 +29,11 @@ std::string quoted(std::string_view name) { return "'" + std::string(name) + "'"
 
 }  // namespace
 
-const Value* member(const ArgumentMap& members, std::string_view name) { return members.find(name); }
+const Value* member(const ArgumentMap& members, std::string_view name) {
+  const auto* const found =
+      std::find_if(members.begin(), members.end(), [&](const auto& entry) { return entry.name.view() == name; });
+  return found == members.end() ? nullptr : &found->value;
+}
 
 bool is_response(const Value& value) {
   return value.is_mapping() && !value.mapping().contains("method") &&
@@ -46,6 +51,9 @@ bool is_notification(const Value& value) {
 std::string key_of(const Value& id) {
   if (!is_id(id)) {
     return {};
+  }
+  if (const std::optional<std::int64_t> number = id.to_int64()) {
+    return std::to_string(*number);
   }
   return json::write(id.is_floating() ? Value(Integer::truncated(id.floating())) : id);
 }
@@ -98,10 +106,11 @@ Text required_text(const ArgumentMap& params, std::string_view name) {
   throw ProtocolError{ErrorCode::invalid_params, quoted(name) + " is missing"};
 }
 
-ArgumentMap optional_object(const ArgumentMap& params, std::string_view name) {
+const ArgumentMap& optional_object(const ArgumentMap& params, std::string_view name) {
+  static const auto& none = *new ArgumentMap;  // never destroyed: threads may still use it when the process ends
   const Value* const found = member(params, name);
   if (found == nullptr || found->is_null()) {
-    return {};
+    return none;
   }
   if (!found->is_mapping()) {
     throw ProtocolError{ErrorCode::invalid_params, quoted(name) + " must be an object"};

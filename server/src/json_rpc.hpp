@@ -34,10 +34,11 @@ struct Id {
   std::string key;
 };
 
+/// Refers to the message that it was read from.
 struct Request {
   Id id;
   Text method;
-  ArgumentMap params;
+  const ArgumentMap& params;
   std::size_t bytes;  ///< of the message that it came in
 };
 
@@ -63,15 +64,16 @@ struct Received {
 /// Throws ProtocolError for a value that is not a request.
 [[nodiscard]] Request read_request(const Received& received);
 
-/// The member of that name, null where there is none.
+/// The member of that name, null where there is none. A message has few, and is asked for few: they are gone through.
 [[nodiscard]] const Value* member(const ArgumentMap& members, std::string_view name);
 
 /// The member of that name; none where there is none, or null. Throws ProtocolError for one that is not text.
 [[nodiscard]] std::optional<Text> optional_text(const ArgumentMap& params, std::string_view name);
 [[nodiscard]] Text required_text(const ArgumentMap& params, std::string_view name);
 
-/// The member of that name; the empty object for none, or null. Throws ProtocolError for one that is not an object.
-[[nodiscard]] ArgumentMap optional_object(const ArgumentMap& params, std::string_view name);
+/// The member of that name, in its place; the empty object for none, or null. Throws ProtocolError for one that is not
+/// an object.
+[[nodiscard]] const ArgumentMap& optional_object(const ArgumentMap& params, std::string_view name);
 
 /// Messages, from the text of a result that is fit to be sent.
 [[nodiscard]] std::string result_message(const Id& id, std::string_view result);
