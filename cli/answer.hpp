@@ -10,7 +10,7 @@
 /// Answers in the form that their lines ask for: a plain line, with the id first, or JSON-RPC's object around it.
 namespace tool_binding::cli {
 
-/// Begins an answer; its members are added to what comes back. In JSON-RPC they stand under `json_rpc_member`.
+/// Begins an answer; its members are added to what comes back. In JSON-RPC they are members of `json_rpc_member`.
 [[nodiscard]] ObjectWriter begin_answer(json::Writer& out, const Envelope& envelope, const Text& json_rpc_member);
 void end_answer(json::Writer& out, const Envelope& envelope);
 

@@ -40,7 +40,7 @@ const Record* take_item(std::string_view& place, std::string_view list, std::spa
   return index < records.size() ? &records[index] : nullptr;
 }
 
-/// " ('limit' of search)", the names of what stands around a place.
+/// " ('limit' of search)", the names of what is around a place.
 std::string names_around(std::string_view place, std::span<const RegistryEntry> entries) {
   const RegistryEntry* const entry = take_item(place, "tools", entries);
   if (entry == nullptr || entry->tool.name.empty()) {

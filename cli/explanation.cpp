@@ -35,7 +35,7 @@ class Page {
     text_.append("  ").append(colour).append(words).append(colour.empty() ? "" : colours_.off).append("\n");
   }
 
-  /// Reasons stand below each other, unless a value is too wide for that.
+  /// Reasons are aligned, unless a value is too wide for that.
   void add_rows(const std::vector<Row>& rows) {
     constexpr std::size_t widest = 40;
     std::size_t name_width = 0;

@@ -12,7 +12,7 @@ constexpr std::size_t indent_step = 2;
 
 void append(std::string& page, const Value& value, std::size_t indent);
 
-/// Begins the line of a member, which is the first or stands behind another.
+/// Begins the line of a member, which is the first or follows another.
 void begin_line(std::string& page, bool& is_first, std::size_t indent) {
   page.append(is_first ? "\n" : ",\n").append(indent, ' ');
   is_first = false;

@@ -57,7 +57,7 @@ std::size_t matched(std::u32string_view a, std::u32string_view b, std::u32string
          matched(a.substr(block.a + block.size), b.substr(block.b + block.size), popular);
 }
 
-/// The characters that stand so often in a long word that no run is looked for through them.
+/// The characters that occur so often in a long word that no run is looked for through them.
 std::u32string popular_in(std::u32string_view word) {
   std::u32string popular;
   for (const char32_t character : word) {

@@ -15,7 +15,7 @@
 ///
 /// `prepare_call` does what `normalize_arguments`, `bind_arguments` and `handler_kwargs` do one after the other, and
 /// always comes to their answer; it makes one map instead of three, so that it takes two thirds of their time, and a
-/// refusal is returned. A daemon that shows or keeps what stands between the steps calls the three.
+/// refusal is returned. A daemon that shows or keeps the intermediate results calls the three.
 ///
 ///     PreparedCall call = prepare_call(tool, handler, arguments, context);
 ///     return call.is_admitted() ? handler.function(call.keywords()) : refused(call.refusal());

@@ -67,7 +67,7 @@ struct RegistryFinding {
   };
 
   Kind kind;
-  std::string place;     ///< where it stands, as "tools[3].params[0].type"
+  std::string place;     ///< where it is, as "tools[3].params[0].type"
   std::string words;     ///< what is wrong there
   std::size_t line = 0;  ///< the line of the file, counted from 1; 0 when it is not known
 
@@ -77,7 +77,7 @@ struct RegistryFinding {
 /// Whether such a finding makes the registry unusable.
 [[nodiscard]] bool is_error(RegistryFinding::Kind kind) noexcept;
 
-/// What makes these entries unusable. Names of parameters and actions are compared as they stand. Of two that clash,
+/// What makes these entries unusable. Names of parameters and actions are compared exactly. Of two that clash,
 /// the later one is the fault. Context items are judged where the context that the daemon offers is known.
 [[nodiscard]] std::vector<RegistryFinding> registry_errors(std::span<const RegistryEntry> entries,
                                                            const KeywordArguments* offered = nullptr);
@@ -131,7 +131,7 @@ using Handlers = OrderedMap<Handler>;
 [[nodiscard]] std::string member_place(std::string_view parent, std::string_view name);
 [[nodiscard]] std::string item_place(std::string_view parent, std::size_t index);
 
-/// Whether `inner` is `outer` or stands within it.
+/// Whether `inner` is `outer` or is within it.
 [[nodiscard]] bool stands_within(std::string_view inner, std::string_view outer) noexcept;
 
 }  // namespace tool_binding

@@ -11,7 +11,7 @@ namespace tool_binding::json {
 
 namespace {
 
-/// The number that admission brings a number beyond `bound` to, null where there is none.
+/// The number that admission clamps a number beyond `bound` to, null where there is none.
 Value effective_bound(const ParamSpec& param, const Value& bound) {
   if (bound.is_null() || !is_finite(bound)) {
     return {};

@@ -14,7 +14,7 @@ struct EffectiveBounds {
 
 [[nodiscard]] EffectiveBounds effective_bounds(const ParamSpec& param);
 
-/// Whether JSON has words for all of a value: no NaN and no infinity stands in it.
+/// Whether JSON has words for all of a value: it holds no NaN and no infinity.
 [[nodiscard]] bool is_finite(const Value& value);
 
 }  // namespace tool_binding::json

@@ -118,7 +118,7 @@ std::vector<Value> without_nulls(const Value& values) {
   return others;
 }
 
-/// What stands in an enumeration that no text can say; empty for none.
+/// What an enumeration holds that no text can say; empty for none.
 std::string what_is_lost(const Value& values) {
   if (!values.is_list()) {
     return "its enumeration is not kept: it is not a list";

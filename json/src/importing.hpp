@@ -19,7 +19,7 @@ struct ListedTool {
   Value members;  ///< those of the tool itself; null for what declares no tool
   std::string place;
   Value schema;                      ///< null for a tool without one
-  std::string_view schema_key = {};  ///< the member that it stands under
+  std::string_view schema_key = {};  ///< the member that holds it
 };
 
 [[nodiscard]] ListedTool listed_tool(const Value& item, std::string place);

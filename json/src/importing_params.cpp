@@ -20,7 +20,7 @@ constexpr auto property_keys =
                                      "exclusiveMaximum", "default", "required", "nullable", "optional"});
 constexpr auto item_keys = std::to_array<std::string_view>({"type", "enum"});
 
-/// "one", "a text": with the article that stands before it.
+/// "one", "a text": with its article.
 std::string with_article(std::string_view type) {
   return (type == "integer" || type == "array" ? "an " : "a ") + std::string(type);
 }

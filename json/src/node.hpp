@@ -17,10 +17,10 @@ struct Node {
   std::size_t line = 0;
   std::vector<Node> children = {};         ///< the items of a list, or the values of an object
   std::vector<Text> names = {};            ///< the keys of an object, one for each child
-  std::vector<std::size_t> repeated = {};  ///< the children whose key stands earlier in the object, in ascending order
+  std::vector<std::size_t> repeated = {};  ///< the children whose key occurs earlier in the object, in ascending order
 };
 
-/// The place of a child, whose parent stands at `place`.
+/// The place of a child of the node at `place`.
 [[nodiscard]] std::string child_place(const Node& parent, std::string_view place, std::size_t child);
 
 /// Throws ParseError as a reader does.

@@ -70,7 +70,7 @@ Value integer_of(std::string_view spelling) {
   return value;
 }
 
-/// The exponent behind "e", one of more than 64 bits being brought to their edge.
+/// The exponent behind "e", one of more than 64 bits being clamped.
 std::int64_t exponent_of(std::string_view spelling) noexcept {
   const std::size_t mark = spelling.find_first_of("eE");
   if (mark == std::string_view::npos) {

@@ -17,7 +17,7 @@ bool touch(std::string_view left, std::string_view right) noexcept {
 }
 
 /// Adds what was checked of a file to the faults of its shape, each with its line, in the order of the lines. A thing
-/// that has the wrong shape is not checked as well: what stands in its stead is not from the file.
+/// that has the wrong shape is not checked as well: what replaces it is not from the file.
 void add_checked(std::vector<RegistryFinding>& findings, const Node& root, std::vector<RegistryFinding> checked) {
   const std::vector<RegistryFinding> shape = findings;
   for (RegistryFinding& finding : checked) {

@@ -6,7 +6,7 @@
 #include "tool_binding/tool_registry.hpp"
 
 /// Rules of a parameter in words, for the description that a schema has of it. Each is empty where there is no such
-/// rule. Values stand as JSON has them.
+/// rule. Values are written as in JSON.
 namespace tool_binding::json {
 
 /// "Needed by find and stats."

@@ -49,7 +49,7 @@ std::vector<Text> take_actions(std::string_view& rest, const std::vector<ActionS
   }
 }
 
-/// Takes a value and what stands behind it, which may stand in the value too.
+/// Takes a value and what follows it, which may occur in the value too.
 std::optional<Value> take_value(std::string_view& rest, std::string_view behind) {
   for (std::size_t end = rest.find(behind); end != std::string_view::npos; end = rest.find(behind, end + 1)) {
     try {

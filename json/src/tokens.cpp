@@ -23,7 +23,7 @@ struct TextFault {
 };
 
 /// The first control character within a text, or the opening quote of a text that is never closed. A backslash takes
-/// the byte behind it along wherever it stands, as it does for simdjson.
+/// the byte behind it along wherever it is, as it does for simdjson.
 TextFault first_text_fault(std::string_view bytes) noexcept {
   std::size_t opened = std::string_view::npos;
   for (std::size_t offset = 0; offset < bytes.size(); ++offset) {

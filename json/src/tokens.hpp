@@ -8,10 +8,10 @@
 
 namespace tool_binding::json {
 
-/// A text cut into its tokens: brackets, braces, commas, colons, and whatever stands between them.
+/// A text cut into its tokens: brackets, braces, commas, colons, and whatever is between them.
 ///
 /// simdjson's first stage finds where tokens begin, and makes sure of what would take a scan of its own: well-formed
-/// UTF-8, no control character in a text, every text closed. What the tokens are and whether they stand in a good order
+/// UTF-8, no control character in a text, every text closed. What the tokens are and whether they are in a valid order
 /// is for the grammar to say.
 class Tokens {
  public:

@@ -16,7 +16,7 @@ struct FoundList {
   std::string place;
 };
 
-/// The list of tools: the file itself, or what stands under "tools", also within an answer's "result".
+/// The list of tools: the file itself, or its member "tools", also within an answer's "result".
 FoundList list_in(const Value& file) {
   if (file.is_list()) {
     return {&file, ""};
@@ -81,7 +81,7 @@ class ListImport {
       RegistryEntry entry{Importing(listed, unsayable_, remarks).read(),
                           {.signature = {{{"keywords", Parameter::Kind::VAR_KEYWORD}}}, .function = {}}};
       if (names_.contains(entry.tool.name)) {
-        remarks.leave_out("a tool of this name stands before it");
+        remarks.leave_out("an earlier tool has this name");
       }
       for (const RegistryFinding& error : registry_errors({&entry, 1})) {
         remarks.leave_out(error.place.substr(error.place.find('.') + 1) + ": " + error.words);

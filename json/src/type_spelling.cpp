@@ -18,7 +18,7 @@ struct OtherWord {
   std::string_view unsayable;  ///< what it is then
 };
 
-/// Beside the words that stand for a type in other languages: what is sent as text, and what no type word says.
+/// Besides the words for a type in other languages: what is sent as text, and what no type word says.
 constexpr auto other_words = std::to_array<OtherWord>({
     {"date", "string", ""},         {"datetime", "string", ""},   {"date-time", "string", ""},
     {"time", "string", ""},         {"uri", "string", ""},        {"url", "string", ""},
@@ -42,7 +42,7 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(' ') + 1 - first);
 }
 
-/// The parts of `text` between separators that stand outside of all brackets.
+/// The parts of `text` between separators that are outside of all brackets.
 std::vector<std::string_view> parts_of(std::string_view text, char separator) {
   std::vector<std::string_view> parts;
   int depth = 0;
@@ -89,7 +89,7 @@ TypeSpelling read_alternatives(const std::vector<std::string_view>& parts, int d
   return one.value_or(TypeSpelling{.unsayable = "null alone"});
 }
 
-/// What stands in brackets behind a word: "list[str]", "optional[int]".
+/// What follows a word in brackets: "list[str]", "optional[int]".
 TypeSpelling read_generic(std::string_view head, std::string_view inner, int depth) {
   const std::vector<std::string_view> parts = parts_of(inner, ',');
   if (head == "optional" || head == "union") {

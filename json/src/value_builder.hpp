@@ -62,7 +62,7 @@ class ValueBuilder {
   [[nodiscard]] Value take() noexcept { return std::move(values_.back()); }
 
  private:
-  /// How much stood on the stacks when a container was opened.
+  /// How much was on the stacks when a container was opened.
   struct Opened {
     std::size_t value;
     std::size_t name;

@@ -20,7 +20,7 @@ namespace tool_binding::json {
 
 namespace {
 
-/// Whether a byte stands in a JSON text as it is: printable ASCII but for the quote and the backslash, and U+007F.
+/// Whether a byte is written to a JSON text as it is: printable ASCII but for the quote and the backslash, and U+007F.
 constexpr std::array<bool, 256> made_plain_bytes() {
   std::array<bool, 256> plain{};
   for (std::size_t byte = 0x20; byte < 0x80; ++byte) {
@@ -110,7 +110,7 @@ std::size_t append_first(std::string& out, std::string_view bytes) {
   return first.size;
 }
 
-/// `text` with what cannot stand in a JSON text escaped.
+/// `text` with what a JSON text cannot hold escaped.
 std::string escaped(std::string_view text) {
   std::string out;
   while (!text.empty()) {
@@ -130,7 +130,7 @@ std::string escaped(std::string_view text) {
 constexpr std::string_view comma = ", ";
 constexpr std::string_view colon = ": ";
 
-/// What may stand around a text: quotes, the comma before it and the colon behind it.
+/// What may surround a text: quotes, the comma before it and the colon behind it.
 constexpr std::size_t around_text = 2 + comma.size() + colon.size();
 
 /// As many digits as an integer of 64 bits has, and its sign.

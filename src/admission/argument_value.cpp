@@ -20,9 +20,9 @@ using Found = Finding::Kind;
 // Both are faults of the declaration, not of the request.
 
 [[noreturn, gnu::noinline]] void throw_unknown_type(const SentArgument& argument) {
-  throw KeyError("no type is named '" + std::string(argument.param.spec->type) + "', which parameter '" +
-                 std::string(argument.param.spec->name) + "' of " + std::string(argument.tool.declared.name) +
-                 " is declared with");
+  throw KeyError("parameter '" + std::string(argument.param.spec->name) + "' of " +
+                 std::string(argument.tool.declared.name) + " is declared with the unknown type '" +
+                 std::string(argument.param.spec->type) + "'");
 }
 
 [[noreturn, gnu::noinline]] void throw_no_number(std::string_view side, const Value& bound,

@@ -11,7 +11,7 @@
 
 namespace tool_binding {
 
-/// RegistryFindings as they are made, in words that stand in one table.
+/// RegistryFindings as they are made, with their words from one table.
 class RegistryFindings {
  public:
   /// Adds a finding whose words are those of its kind, with `pieces` in their places.
@@ -25,7 +25,7 @@ class RegistryFindings {
 
 [[nodiscard]] std::string did_you_mean(const Text& given, const std::vector<Text>& names);
 
-/// Adds a finding for everything that the signature, which stands at `place`, says of its types and that the tool, or
+/// Adds a finding for everything that the signature, which is at `place`, says of its types and that the tool, or
 /// the context that the daemon offers, does not give. `offered` is null where that is not known. Of a signature without
 /// types nothing is said.
 void check_types(const ToolDeclaration& tool, const Signature& signature, const KeywordArguments* offered,

@@ -127,7 +127,7 @@ void ErrorChecker::check_params(const ToolDeclaration& tool, const std::string& 
   }
 }
 
-/// The synonyms of one parameter or action, which stands at `place`, among the declared names and earlier synonyms.
+/// The synonyms of one parameter or action, which is at `place`, among the declared names and earlier synonyms.
 void ErrorChecker::check_synonyms(const std::vector<Text>& of_one, const std::string& place, const Places& names,
                                   Places& synonyms) {
   const std::string synonyms_place = member_place(place, "synonyms");

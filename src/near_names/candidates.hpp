@@ -43,7 +43,7 @@ struct ClassSet {
   }
 };
 
-/// Where the characters of a word stand: a bit for each of its first 64 positions, by the class of the character there.
+/// Where the characters of a word are: a bit for each of its first 64 positions, by the class of the character there.
 class ClassPositions {
  public:
   static constexpr std::size_t most = 64;
@@ -71,10 +71,10 @@ class NearCandidates {
     ClassSet classes;
   };
 
-  /// One that stands twice changes nothing.
+  /// One that occurs twice changes nothing.
   explicit NearCandidates(const std::vector<Text>& names);
 
-  /// Those of fewer than `size` code points, and the others; in both the shorter stand before the longer.
+  /// Those of fewer than `size` code points, and the others; in both the shorter come before the longer.
   struct Halves {
     std::span<const Candidate> shorter, others;
   };

@@ -13,7 +13,7 @@
 namespace tool_binding::detail {
 
 /// From declared names to numbers, filled once and then only read: one probe for most look-ups, none of which
-/// allocates. Whoever sends names to look up cannot make a look-up long: how rows stand is settled by the declared
+/// allocates. Whoever sends names to look up cannot make a look-up long: where rows are is settled by the declared
 /// names alone.
 class NameIndex {
  public:
@@ -49,7 +49,7 @@ class NameIndex {
 };
 
 // Fibonacci hashing: the upper bits of the product depend on every bit of its factor, so that names which differ in one
-// byte, whichever it is, stand apart.
+// byte, whichever it is, are kept apart.
 
 inline constexpr std::uint64_t golden_ratio = 0x9E3779B97F4A7C15;
 

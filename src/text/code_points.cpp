@@ -65,7 +65,7 @@ CodePoint next_beyond_ascii(std::string_view rest) noexcept {
 }
 
 // No sequence holds the first byte of another, so reading from the front meets every well-formed sequence where it
-// begins, whatever stands before it.
+// begins, whatever precedes it.
 CodePoint last_beyond_ascii(std::string_view text) noexcept {
   for (std::size_t size = 2; size <= std::min(longest_sequence, text.size()); ++size) {
     const CodePoint first = next_code_point(text.substr(text.size() - size));

@@ -51,7 +51,7 @@ bool ends_a_word(std::string_view before, std::string_view after) noexcept {
   return ends_with_cased(before) && !begins_with_cased(after);
 }
 
-/// Appends the lower case of a code point other than the capital sigma, which stands as `bytes` in its text.
+/// Appends the lower case of a code point other than the capital sigma, which is `bytes` in its text.
 void append_lower(std::string& out, char32_t code_point, std::string_view bytes) {
   const std::array<char32_t, 2> lower = lower_mapping(code_point);
   if (lower[0] == code_point) {
@@ -88,7 +88,7 @@ Text lower_ascii(std::string_view text) {
   return Text(bytes);
 }
 
-/// The lower case of a text that stands in its cell, nothing where it is not all ASCII.
+/// The lower case of a text that is held in its cell, nothing where it is not all ASCII.
 std::optional<Text> lower_short(std::string_view text) noexcept {
   std::array<char, detail::inline_text_size> bytes;
   unsigned any = 0;

@@ -38,7 +38,7 @@ namespace tool_binding::text {
 [[nodiscard]] bool is_cased(char32_t code_point) noexcept;
 [[nodiscard]] bool is_case_ignorable(char32_t code_point) noexcept;
 
-/// The full lower case of `code_point` without regard to what stands around it: one code point and a zero, or two.
+/// The full lower case of `code_point` without regard to its neighbours: one code point and a zero, or two.
 [[nodiscard]] std::array<char32_t, 2> lower_mapping(char32_t code_point) noexcept;
 
 }  // namespace tool_binding::text

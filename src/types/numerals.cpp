@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::size_t digits_of_any_int64 = std::numeric_limits<std::int64_t>::digits10;
 
-/// The longest numeral that is worth a try as it stands.
+/// The longest numeral that is worth a try as it is.
 constexpr std::size_t longest_plain_numeral = 64;
 
 /// Where no double lies on either side, with room to spare: below the smallest and beyond the largest power of ten.
@@ -104,7 +104,7 @@ std::optional<Integer> read_short_integer(std::string_view digits, bool negative
   return Integer(negative ? -value : value);
 }
 
-/// The numerals of everyday requests as they stand: ASCII digits, no "_", within the range of doubles.
+/// The numerals of everyday requests as they are: ASCII digits, no "_", within the range of doubles.
 std::optional<double> read_plain_numeral(std::string_view unsigned_text) noexcept {
   if (unsigned_text.empty() || unsigned_text.size() > longest_plain_numeral) {
     return std::nullopt;

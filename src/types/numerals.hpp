@@ -7,7 +7,7 @@
 #include "tool_binding/integer.hpp"
 
 /// Readers of numbers that were sent as text. White space at both ends is ignored, a digit may be of any script, and a
-/// single "_" may stand between two digits. Both are linear in the size of the text, and none depends on a locale.
+/// single "_" is allowed between two digits. Both are linear in the size of the text, and none depends on a locale.
 namespace tool_binding::types {
 
 /// The integer that `text` writes, of any width: an optional sign and decimal digits. Nothing for any other text.

@@ -9,7 +9,7 @@
 #include "tool_binding/detail/item_type.hpp"
 #include "tool_binding/value.hpp"
 
-/// The nodes in which lists, mappings and context items stand.
+/// The nodes that hold lists, mappings and context items.
 namespace tool_binding::detail {
 
 /// A node that can hold other nodes. The link is used only once the count is zero: nodes that wait for their

@@ -32,7 +32,7 @@ bool append_everyday_number(TextBuilder& out, double number) {
     if (static_cast<double>(units) / static_cast<double>(scale) == number) {
       char buffer[longest_double];
       char* const point = std::to_chars(buffer, buffer + sizeof buffer, units / scale).ptr;
-      const std::int64_t decimals = scale == 1 ? 10 : scale + units % scale;  // after a 1, where the point will stand
+      const std::int64_t decimals = scale == 1 ? 10 : scale + units % scale;  // after a 1, where the point will be
       const char* const end = std::to_chars(point, buffer + sizeof buffer, decimals).ptr;
       *point = '.';
       out.append({buffer, static_cast<std::size_t>(end - buffer)});

@@ -55,7 +55,7 @@ bool stands_unchanged(char32_t code_point, char quote) noexcept {
   return text::is_printable(code_point) && code_point != U'\\' && code_point != static_cast<unsigned char>(quote);
 }
 
-/// How many bytes at the start of `text` stand unchanged in the quoted form.
+/// How many bytes at the start of `text` are left unchanged in the quoted form.
 std::size_t unchanged_size(std::string_view text, char quote) noexcept {
   std::size_t size = 0;
   while (size < text.size()) {

@@ -69,16 +69,16 @@ TEST(HandlerErrors, NameATypeThatDoesNotTakeWhatItsParameterIsGivenAs) {
       {errors_as<int>, {.name = "p", .type = "no type word"}, "none"},
       {errors_as<std::string>,
        {.name = "p", .type = "integer", .default_ = 5},
-       "'p' is given as a whole number, and taken as std::string: write argument<int>(\"p\")"},
+       "'p' is given as a whole number but taken as std::string: write argument<int>(\"p\")"},
       {errors_as<int>,
        {.name = "p", .type = "number"},
-       "'p' is given as a number, and taken as int: write argument<std::optional<double>>(\"p\")"},
+       "'p' is given as a number but taken as int: write argument<std::optional<double>>(\"p\")"},
       {errors_as<int>,
        {.name = "p", .type = "integer", .enum_ = {"1", "2"}, .required = true},
-       "'p' is given as text, and taken as int: write argument<std::string>(\"p\")"},
+       "'p' is given as text but taken as int: write argument<std::string>(\"p\")"},
       {errors_as<std::vector<int>>,
        {.name = "p", .type = "array", .items_type = "string"},
-       "'p' is given as a list of texts, and taken as std::vector<int>: write "
+       "'p' is given as a list of texts but taken as std::vector<int>: write "
        "argument<std::optional<std::vector<std::string>>>(\"p\")"},
       {errors_as<std::vector<int>>, {.name = "p", .type = "array", .required = true}, "none"},
       {errors_as<bool>,
@@ -86,16 +86,16 @@ TEST(HandlerErrors, NameATypeThatDoesNotTakeWhatItsParameterIsGivenAs) {
        "'p' is null where a call leaves it out: write argument<std::optional<bool>>(\"p\"), or declare a default"},
       {errors_as<std::int8_t>,
        {.name = "p", .type = "integer", .default_ = 500},
-       "'p' can be 500, and signed char takes only a whole number from -128 to 127"},
+       "'p' can be 500, but signed char takes only a whole number from -128 to 127"},
       {errors_as<Match>, {.name = "p", .type = "string", .enum_ = {"word"}, .default_ = "word"}, "none"},
       {errors_as<std::optional<std::vector<Match>>>, {.name = "p", .type = "array", .enum_ = {"word"}}, "none"},
       {errors_as<Match>,
        {.name = "p", .type = "string", .required = true},
-       "'p' can be any text, and handler_errors_test::Match takes only one of: text, word: declare these as the values "
+       "'p' can be any text, but handler_errors_test::Match takes only one of: text, word: declare these as the values "
        "allowed"},
       {errors_as<std::vector<Match>>,
        {.name = "p", .type = "array", .enum_ = {"text", "line"}, .required = true},
-       "'line' may be sent, and handler_errors_test::Match takes only one of: text, word"},
+       "'line' may be sent, but handler_errors_test::Match takes only one of: text, word"},
   };
   for (const Row& row : rows) {
     EXPECT_EQ(row.errors_as(row.param), row.expected);
@@ -108,8 +108,8 @@ TEST(HandlerErrors, KnowWhichCallLeavesAParameterNull) {
                      argument<Match>("action"), argument<int>("limit"));
   };
   const std::string actions =
-      ".parameters[0]: 'find' may be sent, and handler_errors_test::Match takes only one of: text, word\n"
-      ".parameters[0]: 'list' may be sent, and handler_errors_test::Match takes only one of: text, word";
+      ".parameters[0]: 'find' may be sent, but handler_errors_test::Match takes only one of: text, word\n"
+      ".parameters[0]: 'list' may be sent, but handler_errors_test::Match takes only one of: text, word";
   const auto null_for = [&](const std::string& action) {
     return actions + "\n.parameters[1]: 'limit' is null where a call of '" + action +
            "' leaves it out: write argument<std::optional<int>>(\"limit\"), or declare a default";
@@ -146,11 +146,11 @@ TEST(HandlerErrors, NameWhatIsListedAndNotDeclaredOrOfferedAndTheOtherWayRound) 
       errors_of(tool, item<Store>("file"), item<Store>("root"), argument<std::string>("store"), argument<int>("root"),
                 rest()),
       ".parameters[3].name: 'root' is already declared at tools[0].handler.parameters[1].name\n"
-      ".parameters[0]: 'file' is offered as handler_errors_test::FileStore, and taken as "
+      ".parameters[0]: 'file' is offered as handler_errors_test::FileStore but taken as "
       "handler_errors_test::Store" +
-          advice + "\n.parameters[1]: 'root' is offered as a value, and taken as handler_errors_test::Store" + advice +
-          "\n.parameters[2]: 'store' is offered as handler_errors_test::FileStore, and taken as std::string" + advice +
-          "\n.parameters[3]: 'root' can be '/', and int takes only a whole number from -2147483648 to 2147483647");
+          advice + "\n.parameters[1]: 'root' is offered as a value but taken as handler_errors_test::Store" + advice +
+          "\n.parameters[2]: 'store' is offered as handler_errors_test::FileStore but taken as std::string" + advice +
+          "\n.parameters[3]: 'root' can be '/', but int takes only a whole number from -2147483648 to 2147483647");
 }
 
 TEST(HandlerErrors, KeepAToolFromBeingDeclared) {

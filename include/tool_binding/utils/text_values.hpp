@@ -21,7 +21,7 @@ namespace tool_binding {
 /// The items of a comma-separated text, in order, each a text; throws ValueError for a text that is cut into pieces
 /// wrongly rather than rightly.
 ///
-/// White space around an item is dropped, and so is an item that is empty. An item between double quotes stands as it
+/// White space around an item is dropped, and so is an item that is empty. An item in double quotes is kept as it
 /// is, commas included, a doubled quote being one quote; only white space may follow it. A text between "[" and "]" is
 /// a list as programs write it: items may be quoted by ' or ", with the escapes of JSON (RFC 8259) and \'; an unquoted
 /// item that begins with "[" or "{", an unknown escape and half a surrogate pair are refused.

@@ -26,7 +26,7 @@ enum class SchemaForm : std::uint8_t {
   /// The same, and an "allOf" with what each action needs, for those who read combinators.
   conditions,
   /// What strict function calling asks for: every property is required, and null where it may be left out; bounds and
-  /// defaults stand in descriptions. Admission takes null as an argument left out.
+  /// defaults are given in descriptions. Admission takes null as an argument left out.
   strict,
   /// For clients that validate before they send: whatever admission would mend is valid, and bounds and enumerations
   /// stand in descriptions.
@@ -64,7 +64,7 @@ struct Remark {
   };
 
   Kind kind;
-  std::string tool;       ///< its name; empty for what stands outside of every tool, or in one without a name
+  std::string tool;       ///< its name; empty for what is outside of every tool, or in one without a name
   std::string parameter;  ///< its name, empty for what concerns the whole tool
   std::string place;      ///< as "tools[3].inputSchema.properties.limit"
   std::string words;      ///< what became of it
@@ -81,7 +81,7 @@ struct ImportedTools {
 };
 
 /// Reads a list of tools, in any of these shapes: the list itself; an object with the list under "tools"; a JSON-RPC
-/// answer to "tools/list". A tool's schema is its "inputSchema", "input_schema" or "parameters", and a tool may stand
+/// answer to "tools/list". A tool's schema is its "inputSchema", "input_schema" or "parameters", and a tool may be
 /// under "function". Takes time in proportion to the text.
 ///
 /// Throws ParseError for a text that is no JSON, and ValueError for one that is no list of tools, or a list in which no

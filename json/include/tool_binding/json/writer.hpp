@@ -12,11 +12,11 @@
 
 /// Values to JSON text (RFC 8259) on one line, as in {"tool": "search", "arguments": {"limit": 5}}.
 ///
-/// Text stands as UTF-8, escaped only where JSON requires it. What no UTF-8 can spell, a lone surrogate or a byte that
-/// is not part of well-formed text, is written as the `\u` escape of its code point: the output is always well-formed.
-/// Two such halves of a pair next to each other are read as the code point that they make: JSON spells both alike. An
-/// integer has all its digits. A floating number has a fraction or an exponent (5.0, 1e+16), or is one of the bare
-/// words NaN, Infinity and -Infinity, so that it is read as a floating number again.
+/// Text is written as UTF-8, escaped only where JSON requires it. What no UTF-8 can spell, a lone surrogate or a byte
+/// that is not part of well-formed text, is written as the `\u` escape of its code point: the output is always
+/// well-formed. Two such halves of a pair next to each other are read as the code point that they make: JSON spells
+/// both alike. An integer has all its digits. A floating number has a fraction or an exponent (5.0, 1e+16), or is one
+/// of the bare words NaN, Infinity and -Infinity, so that it is read as a floating number again.
 namespace tool_binding::json {
 
 /// Writes values one after another and keeps its buffer from one to the next. For one thread at a time; after
@@ -44,7 +44,7 @@ class Writer {
   void write_name(const Text& name);
   void close_object();
 
-  /// Writes once more what stands in `text()` from `begin` on: whole items of a list, or members of an object, with the
+  /// Writes again what `text()` holds from `begin` on: whole items of a list, or members of an object, with the
   /// commas between them. Precondition: `begin` is at most the size of `text()`, `count` at most what is left of it.
   void write_again(std::size_t begin, std::size_t count);
 
@@ -81,7 +81,7 @@ class Writer {
   std::string bytes_;  ///< all of it is room
   char* end_ = bytes_.data();
   char* limit_ = end_;
-  bool follows_ = false;  ///< whether a comma stands before the next name or value
+  bool follows_ = false;  ///< whether a comma goes before the next name or value
   std::vector<Open> open_;
 };
 
