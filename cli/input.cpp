@@ -12,6 +12,8 @@
 #include <system_error>
 #include <utility>
 
+#include "tool_binding/detail/assert.hpp"
+
 namespace tool_binding::cli {
 
 namespace {
@@ -64,6 +66,7 @@ Input::~Input() {
 }
 
 std::size_t Input::read(std::span<char> room, const StopSignal* stop) {
+  TOOL_BINDING_ASSERT(!room.empty());
   if (stop != nullptr && !wait_for_input(descriptor_, *stop)) {
     return 0;
   }

@@ -29,7 +29,7 @@ void ObjectWriter::add_entries(const ArgumentMap& entries) {
   }
 }
 
-void ObjectWriter::add(const Text& name, std::span<const std::string> texts) {
+void ObjectWriter::add(const Text& name, const std::vector<std::string>& texts) {
   begin(name);
   out_.open_list();
   for (const std::string& text : texts) {

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <cstddef>
-#include <span>
 #include <string>
+#include <vector>
 
 #include "tool_binding/handler.hpp"
 #include "tool_binding/json/writer.hpp"
@@ -17,7 +17,7 @@ class ObjectWriter {
 
   void add(const Text& name, const Value& value);
   void add(const Text& name, const ArgumentMap& entries);
-  void add(const Text& name, std::span<const std::string> texts);
+  void add(const Text& name, const std::vector<std::string>& texts);
 
   /// Adds "bound" and "keywords", the keywords that `handler` is called with. A context item is written as the value
   /// that it holds. Precondition: every context item is a `const Value`.

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "refusal.hpp"
 
+#include <exception>
 #include <string>
 
 #include "members.hpp"
+#include "tool_binding/detail/assert.hpp"
 #include "tool_binding/json/parse_error.hpp"
 
 namespace tool_binding::cli {
@@ -27,6 +29,7 @@ bool is(const Error& error) {
 }  // namespace
 
 Refusal refusal_of(const Error& error, std::size_t line_number) {
+  TOOL_BINDING_ASSERT(std::current_exception() != nullptr);
   if (is<ArgumentError>(error)) {
     return {"ArgumentError", error.message()};
   }

@@ -25,7 +25,7 @@ const std::vector<tb::RegistryEntry> registry = {
                                 .name = "query", .type = "string", .synonyms = {"q"}, .required_for = {"find"}},
                             tb::ParamSpec{
                                 .name = "limit", .type = "integer", .minimum = 1, .maximum = 100, .default_ = "20"}}},
-        .handler = {.signature = {{{.name = "action"}, {.name = "query"}, {.name = "limit"}}}, .function = search}},
+        .handler = {.signature = tb::Signature::named("action", "query", "limit"), .function = search}},
 
     tb::RegistryEntry{.tool = {.name = "ping", .description = "Whether the daemon is there."},
                       .handler = {.signature = {}, .function = ping}},

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "tool_binding/detail/lifetime.hpp"
 #include "tool_binding/text.hpp"
 #include "tool_binding/tool_registry.hpp"
 #include "tool_binding/value.hpp"
@@ -65,14 +66,15 @@ struct Finding {
   return kind >= Finding::Kind::unknown_parameter;
 }
 
-/// Whether a request is admitted, and what was found of it. Refers to the record of its tool, as its findings do.
+/// Whether a request is admitted, and what was found of it. Refers to the record of its tool, as its findings do. One
+/// that is moved from has neither arguments nor findings.
 class Verdict {
  public:
   /// Whether the request is admitted: it has no problems.
   [[nodiscard]] bool is_admitted() const noexcept { return !has_problems_; }
 
   /// Notes and problems in the order in which they were found.
-  [[nodiscard]] std::span<const Finding> findings() const& noexcept { return findings_; }
+  [[nodiscard]] std::span<const Finding> findings() const& noexcept TOOL_BINDING_LIFETIMEBOUND { return findings_; }
   [[nodiscard]] std::vector<Finding> findings() && noexcept { return std::move(findings_); }
 
   /// Whether the request named a parameter or an action by a synonym.
@@ -103,7 +105,7 @@ class Admission : public Verdict {
  public:
   /// The arguments under their declared names and types, within their bounds, as `NormalizedArguments` has them. Of a
   /// refused request those that are no problem.
-  [[nodiscard]] const ArgumentMap& arguments() const& noexcept { return arguments_; }
+  [[nodiscard]] const ArgumentMap& arguments() const& noexcept TOOL_BINDING_LIFETIMEBOUND { return arguments_; }
   [[nodiscard]] ArgumentMap arguments() && noexcept { return std::move(arguments_); }
 
  private:

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "tool_binding/detail/lifetime.hpp"
 #include "tool_binding/text.hpp"
 
 #pragma GCC visibility push(default)
@@ -28,10 +29,10 @@ class Error : public std::exception {
   explicit Error(Text message) noexcept : message_(std::move(message)) {}
 
   /// The whole message, zero-terminated. A name that holds a zero byte ends it early: `message()` does not.
-  [[nodiscard]] const char* what() const noexcept override { return message_.c_str(); }
+  [[nodiscard]] const char* what() const noexcept TOOL_BINDING_LIFETIMEBOUND override { return message_.c_str(); }
 
   /// The whole message, as long as this object lives.
-  [[nodiscard]] std::string_view message() const noexcept { return message_.view(); }
+  [[nodiscard]] std::string_view message() const noexcept TOOL_BINDING_LIFETIMEBOUND { return message_.view(); }
 
  private:
   Text message_;
@@ -55,7 +56,8 @@ class LookupError : public Error {
   using Error::Error;
 };
 
-/// A key that a table does not hold: a tool that is not declared, or a type word that is none of the five.
+/// A key that a table does not hold: a tool that is not declared, a type word that is none of the five, or a name that
+/// is asked of a map.
 class KeyError : public LookupError {
  public:
   using LookupError::LookupError;

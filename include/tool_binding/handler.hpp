@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "tool_binding/detail/item_type.hpp"
+#include "tool_binding/detail/lifetime.hpp"
 #include "tool_binding/value.hpp"
 
 #pragma GCC visibility push(default)
@@ -33,6 +35,7 @@ template <class... Bases>
 inline constexpr BaseClasses<Bases...> bases = {};
 
 /// One keyword argument: a bound `Value`, or a context item of the daemon's. 16 bytes, copied without copying content.
+/// One that is moved from is a bound null.
 class KeywordArgument {
  public:
   KeywordArgument(Value value) noexcept : held_(std::move(value)) {}  // NOLINT(google-explicit-constructor)
@@ -73,7 +76,7 @@ class KeywordArgument {
   [[nodiscard]] std::string_view item_type_name() const noexcept;
 
   /// The bound argument, as long as this object lives. Throws TypeError for a context item.
-  [[nodiscard]] const Value& value() const {
+  [[nodiscard]] const Value& value() const TOOL_BINDING_LIFETIMEBOUND {
     if (is_context()) {
       refuse_item();
     }
@@ -164,20 +167,31 @@ class Parameters {
   bool take_any_ = false;
 };
 
-/// What a handler declares.
+/// What a handler declares. One that is moved from is to be assigned to before it is read.
 struct Signature {
-  Parameters parameters;
+  Parameters parameters = {};
   /// Whether the function takes what is listed here and nothing else, so that a parameter which the tool declares and
   /// this leaves out is a fault.
   bool complete = false;
+
+  /// The parameters of these names: `Signature::named("query", "limit")`.
+  template <std::convertible_to<Text>... Names>
+  [[nodiscard]] static Signature named(const Names&... names) {
+    return {.parameters = {Parameter{.name = Text(names)}...}};
+  }
+  /// The one parameter `name`, which collects any keyword argument.
+  [[nodiscard]] static Signature any_keyword(Text name = "keywords") {
+    return {.parameters = {{.name = std::move(name), .kind = Parameter::Kind::VAR_KEYWORD}}};
+  }
 };
 
-/// The function that answers a tool. The layer reads its signature; calling it is the daemon's business.
+/// The function that answers a tool: `Handler{Signature::named("query", "store"), search}`. The layer reads its
+/// signature; calling it is the daemon's business. One that is moved from is to be assigned to before it is used.
 struct Handler {
   using Function = std::function<Value(const KeywordArguments&)>;
 
-  Signature signature;
-  Function function;
+  Signature signature = {};
+  Function function = {};
   /// The function as it answers one tool, whose defaults and name it knows; made when the tool is declared. Where there
   /// is none, `function` answers any tool.
   std::function<Function(const ToolSpec& tool)> for_tool = {};

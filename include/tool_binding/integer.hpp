@@ -1,19 +1,36 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <compare>
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
+#include <iosfwd>
 #include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "tool_binding/detail/assert.hpp"
 #include "tool_binding/detail/cell.hpp"
 
 #pragma GCC visibility push(default)
 
 namespace tool_binding {
+
+namespace detail {
+
+template <class Type>
+concept Character = std::same_as<Type, char> || std::same_as<Type, wchar_t> || std::same_as<Type, char8_t> ||
+    std::same_as<Type, char16_t> || std::same_as<Type, char32_t>;
+
+/// The standard's integers but for truth values and characters, which are integers by accident; `signed char` and
+/// `unsigned char` are numbers of eight bits.
+template <class Type>
+concept WholeNumber = std::integral<Type> && !std::same_as<Type, bool> && !Character<Type>;
+
+}  // namespace detail
 
 class Integer;
 [[nodiscard]] std::strong_ordering operator<=>(const Integer& left, const Integer& right) noexcept;
@@ -22,14 +39,14 @@ class Integer;
 ///
 /// It is read, written, compared and turned into a double or made from one; nothing is calculated with it. An integer
 /// of 64 bits stands in the object itself, a wider one as its canonical decimal digits in a shared node. Every
-/// operation is linear in the number of digits, and none depends on a locale.
+/// operation is linear in the number of digits, and none depends on a locale. An integer that is moved from is zero.
 class Integer {
  public:
   Integer() noexcept : Integer(0) {}
 
-  template <std::integral Number>
-  requires(!std::same_as<Number, bool>) Integer(Number value)  // NOLINT(google-explicit-constructor)
-      : cell_(made_from(value)) {}
+  /// Of an integer type of any width, none of the types of characters.
+  template <detail::WholeNumber Number>
+  Integer(Number value) : cell_(made_from(value)) {}  // NOLINT(google-explicit-constructor)
 
   /// The integer of an optional "-" and one or more ASCII digits; leading zeros are dropped.
   /// Throws ValueError for any other text.
@@ -64,27 +81,51 @@ class Integer {
   }
   friend std::strong_ordering operator<=>(const Integer& left, const Integer& right) noexcept;
 
+  /// Writes the digits of `to_string`, whatever the stream's locale.
+  friend std::ostream& operator<<(std::ostream& out, const Integer& integer);
+
   /// Order by exact value, the integer not being rounded first; unordered for a NaN.
   [[nodiscard]] std::partial_ordering compare(double right) const noexcept;
 
  private:
   friend class Value;
+  friend struct std::hash<Integer>;
   explicit Integer(const detail::Cell& cell) noexcept : cell_(cell) {}
 
-  template <std::integral Number>
+  template <class Number>
   static detail::Cell made_from(Number value) {
-    if constexpr (std::unsigned_integral<Number> && sizeof(Number) >= sizeof(std::int64_t)) {
+    if constexpr (sizeof(Number) > sizeof(std::int64_t)) {
+      return wide_from_number(value);
+    } else if constexpr (std::unsigned_integral<Number> && sizeof(Number) == sizeof(std::int64_t)) {
       if (value > static_cast<Number>(std::numeric_limits<std::int64_t>::max())) {
         return wide_from(value);
       }
     }
     return {detail::Tag::integer, static_cast<std::int64_t>(value)};
   }
+  /// Of a type wider than 64 bits, which a compiler may have.
+  template <class Number>
+  static detail::Cell wide_from_number(Number value) {
+    const auto cut = static_cast<std::int64_t>(value);
+    if (static_cast<Number>(cut) == value && (cut < 0) == (value < 0)) {
+      return {detail::Tag::integer, cut};
+    }
+    std::array<char, 3 * sizeof(Number)> digits;
+    std::size_t begin = digits.size();
+    for (Number left = value; left != 0; left /= 10) {
+      const int digit = static_cast<int>(left % 10);
+      digits[--begin] = static_cast<char>('0' + (digit < 0 ? -digit : digit));
+    }
+    return wide_from_digits(value < 0, {digits.data() + begin, digits.size() - begin});
+  }
   static detail::Cell wide_from(std::uint64_t value);
   static detail::Cell wide_from_digits(bool negative, std::string_view digits);
 
   [[nodiscard]] bool is_wide() const noexcept { return cell_.holds_node(); }
-  [[nodiscard]] std::int64_t small() const noexcept { return cell_.content<std::int64_t>(); }
+  [[nodiscard]] std::int64_t small() const noexcept {
+    TOOL_BINDING_ASSERT(!is_wide());
+    return cell_.content<std::int64_t>();
+  }
   [[nodiscard]] std::string_view digits() const noexcept { return cell_.text(); }
 
   detail::Cell cell_;
@@ -93,5 +134,14 @@ class Integer {
 static_assert(sizeof(Integer) == 16);
 
 }  // namespace tool_binding
+
+/// Equal for equal integers.
+template <>
+struct std::hash<tool_binding::Integer> {
+  [[nodiscard]] std::size_t operator()(const tool_binding::Integer& integer) const noexcept {
+    return integer.is_wide() ? std::hash<std::string_view>{}(integer.digits())
+                             : std::hash<std::int64_t>{}(integer.small());
+  }
+};
 
 #pragma GCC visibility pop

@@ -8,16 +8,26 @@
 #include <iterator>
 #include <map>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
+#include "tool_binding/detail/assert.hpp"
 #include "tool_binding/detail/entry_row.hpp"
+#include "tool_binding/detail/lifetime.hpp"
+#include "tool_binding/detail/ranges.hpp"
 #include "tool_binding/text.hpp"
 
 #pragma GCC visibility push(default)
 
 namespace tool_binding {
+
+namespace detail {
+/// Throws the KeyError of a map that holds these names, and not `name`.
+[[noreturn]] void throw_no_entry(const Text& name, std::span<const Text> held);
+}  // namespace detail
 
 /// One entry of an ordered map.
 template <class Mapped>
@@ -51,12 +61,20 @@ struct MapEntry {
 /// Setting a name that is already held replaces the value and leaves the entry in its place; any other name is
 /// appended. Entries stand in one contiguous block. Up to `linear_search_limit` of them are searched one by one; in a
 /// larger map the first search makes an ordered index, so that n searches cost n log n whoever chose the names.
-/// Reading one map from several threads is safe, the making of that index included.
+/// Reading one map from several threads is safe, the making of that index included. A map that is moved from is empty.
 template <class Mapped>
 class OrderedMap {
  public:
   using Entry = MapEntry<Mapped>;
+  using key_type = Text;
+  using mapped_type = Mapped;
+  using value_type = Entry;
+  using size_type = std::size_t;
+  using difference_type = std::ptrdiff_t;
+  using reference = const Entry&;
+  using const_reference = const Entry&;
   using const_iterator = const Entry*;
+  using iterator = const_iterator;
 
   static constexpr std::size_t linear_search_limit = 16;
 
@@ -67,6 +85,18 @@ class OrderedMap {
       set(entry.name, entry.value);
     }
   }
+
+  /// The entries of a range of pairs, or of this map's own entries, set one after another.
+  template <std::input_iterator Iterator>
+  OrderedMap(Iterator first, Iterator last) {
+    for (; first != last; ++first) {
+      const auto& [name, value] = *first;
+      set(name, value);
+    }
+  }
+  /// The entries of a range of pairs, as std::map is.
+  template <detail::Named Range>
+  explicit OrderedMap(const Range& range) : OrderedMap(std::begin(range), std::end(range)) {}
 
   /// The entries of a map, to values of which `Mapped` can be made, with room for `more` entries. A map that is given
   /// away keeps the room that it has, and loses its entries.
@@ -91,7 +121,7 @@ class OrderedMap {
   }
   ~OrderedMap() { delete index_.load(std::memory_order_acquire); }
 
-  /// Makes room for `count` entries in all.
+  /// Makes room for `count` entries in all. Throws std::length_error for more than any memory holds.
   void reserve(std::size_t count) { entries_.reserve(count); }
 
   /// Sets `name` to `value`: in its place where the map holds the name, else as the last entry.
@@ -106,6 +136,8 @@ class OrderedMap {
   /// Appends an entry without a search. Precondition: the map does not hold `name`.
   template <class Name, class Content>
   void append(Name&& name, Content&& value) {
+    // Searched linearly or not at all: a check must not make an index.
+    TOOL_BINDING_ASSERT(size() > linear_search_limit || linear_search(name) == size());
     entries_.emplace_back(std::forward<Name>(name), std::forward<Content>(value));
     if (index_.load(std::memory_order_relaxed) != nullptr) {
       add_last_to_index();
@@ -115,6 +147,18 @@ class OrderedMap {
   /// Replaces the value of the entry at `place`. Precondition: `place` is below `size()`.
   void replace_at(std::size_t place, Mapped value) { entries_[place].value = std::move(value); }
 
+  /// Takes the entry of that name out, and tells whether there was one. The entries after it move up: it takes time
+  /// linear in the size of the map.
+  bool erase(const Text& name) {
+    const std::size_t place = place_of(name);
+    if (place == entries_.size()) {
+      return false;
+    }
+    delete release_index();
+    entries_.erase(place);
+    return true;
+  }
+
   /// Exchanges the value of the entry at `place` with one of another map's. Precondition: both entries are there.
   void swap_at(std::size_t place, OrderedMap& other, std::size_t other_place) noexcept {
     using std::swap;
@@ -122,11 +166,21 @@ class OrderedMap {
   }
 
   /// The value under `name`, null when there is none. The pointer lives until the map is changed.
-  [[nodiscard]] const Mapped* find(const Text& name) const {
+  [[nodiscard]] const Mapped* find(const Text& name) const TOOL_BINDING_LIFETIMEBOUND {
     const std::size_t place = place_of(name);
     return place == entries_.size() ? nullptr : &entries_[place].value;
   }
   [[nodiscard]] bool contains(const Text& name) const { return find(name) != nullptr; }
+
+  /// The value under `name`, until the map is changed. Throws KeyError, which says what names there are.
+  [[nodiscard]] const Mapped& at(const Text& name) const& TOOL_BINDING_LIFETIMEBOUND {
+    const Mapped* const found = find(name);
+    if (found == nullptr) {
+      throw_no_entry(name);
+    }
+    return *found;
+  }
+  [[nodiscard]] Mapped at(const Text& name) && { return at(name); }
 
   /// The place of the entry of that name, `size()` when there is none: found one by one in any map, for the few
   /// searches that do not pay for an index.
@@ -140,9 +194,13 @@ class OrderedMap {
 
   [[nodiscard]] std::size_t size() const noexcept { return entries_.size(); }
   [[nodiscard]] bool empty() const noexcept { return entries_.empty(); }
-  [[nodiscard]] const Entry& operator[](std::size_t place) const noexcept { return entries_[place]; }
-  [[nodiscard]] const_iterator begin() const noexcept { return entries_.begin(); }
-  [[nodiscard]] const_iterator end() const noexcept { return entries_.end(); }
+
+  /// The entry at `place`, and the range of all. Precondition: `place` is below `size()`.
+  [[nodiscard]] const Entry& operator[](std::size_t place) const noexcept TOOL_BINDING_LIFETIMEBOUND {
+    return entries_[place];
+  }
+  [[nodiscard]] const_iterator begin() const noexcept TOOL_BINDING_LIFETIMEBOUND { return entries_.begin(); }
+  [[nodiscard]] const_iterator end() const noexcept TOOL_BINDING_LIFETIMEBOUND { return entries_.end(); }
 
   /// Equal when both hold equal entries in the same order.
   friend bool operator==(const OrderedMap& left, const OrderedMap& right) {
@@ -162,6 +220,14 @@ class OrderedMap {
     const Index& index = made_index();
     const auto found = index.find(name);
     return found == index.end() ? entries_.size() : found->second;
+  }
+
+  [[noreturn, gnu::noinline]] void throw_no_entry(const Text& name) const {
+    std::vector<Text> held;
+    for (const Entry& entry : entries_) {
+      held.push_back(entry.name);
+    }
+    detail::throw_no_entry(name, held);
   }
 
   Index* release_index() noexcept {

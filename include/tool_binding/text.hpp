@@ -4,11 +4,13 @@
 #include <compare>
 #include <concepts>
 #include <cstddef>
+#include <iosfwd>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include "tool_binding/detail/cell.hpp"
+#include "tool_binding/detail/lifetime.hpp"
 
 #pragma GCC visibility push(default)
 
@@ -18,6 +20,10 @@ class Text;
 
 namespace detail {
 [[nodiscard]] const Cell& cell_of(const Text& text) noexcept;
+
+/// Whatever is read as a text, but for a Text itself.
+template <class Bytes>
+concept TextLike = !std::same_as<Bytes, Text> && std::convertible_to<const Bytes&, std::string_view>;
 }  // namespace detail
 
 /// An immutable text of 16 bytes that is copied without copying its content.
@@ -25,17 +31,15 @@ namespace detail {
 /// A text is a sequence of Unicode code points held as UTF-8. Any bytes are accepted and travel unchanged: a lone
 /// surrogate stands in its three-byte form, and a byte that is not part of well-formed text counts as the lone
 /// surrogate U+DC00 + byte wherever code points are asked for. Texts of up to 15 bytes stand in the object itself,
-/// longer ones in a shared node. Equality and order are those of the bytes.
+/// longer ones in a shared node. Equality and order are those of the bytes. A text that is moved from is empty.
 class Text {
  public:
   /// The empty text.
   Text() noexcept : cell_(detail::Tag::empty_text) {}
 
   /// Copies `bytes`. Throws std::bad_alloc when they are more than 15 and no memory is left.
-  template <class Bytes>
-  // NOLINTNEXTLINE(google-explicit-constructor)
-  requires std::convertible_to<const Bytes&, std::string_view> &&(!std::same_as<Bytes, Text>)Text(const Bytes& bytes)
-      : cell_(std::string_view(bytes)) {}
+  template <detail::TextLike Bytes>
+  Text(const Bytes& bytes) : cell_(std::string_view(bytes)) {}  // NOLINT(google-explicit-constructor)
 
   Text(const Text&) noexcept = default;
   Text(const Text& other, detail::WithoutNodes known) noexcept : cell_(other.cell_, known) {}
@@ -47,11 +51,12 @@ class Text {
   ~Text() = default;
 
   /// The bytes, valid as long as this object is neither changed, moved nor destroyed.
-  [[nodiscard]] std::string_view view() const noexcept { return cell_.text(); }
-  operator std::string_view() const noexcept { return view(); }  // NOLINT(google-explicit-constructor)
+  [[nodiscard]] std::string_view view() const noexcept TOOL_BINDING_LIFETIMEBOUND { return cell_.text(); }
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  operator std::string_view() const noexcept TOOL_BINDING_LIFETIMEBOUND { return view(); }
 
-  /// The bytes, followed by a zero byte. Lives as long as `view()`.
-  [[nodiscard]] const char* c_str() const noexcept { return view().data(); }
+  /// The bytes, followed by a zero byte. Live as long as `view()`.
+  [[nodiscard]] const char* c_str() const noexcept TOOL_BINDING_LIFETIMEBOUND { return view().data(); }
 
   /// The size in bytes.
   [[nodiscard]] std::size_t size() const noexcept { return view().size(); }
@@ -63,11 +68,32 @@ class Text {
   friend std::strong_ordering operator<=>(const Text& left, const Text& right) noexcept {
     return left.view() <=> right.view();
   }
-  template <class Bytes>
-  requires std::convertible_to<const Bytes&, std::string_view> &&(!std::same_as<Bytes, Text>)friend bool operator==(
-      const Text& left, const Bytes& right) noexcept {
+  template <detail::TextLike Bytes>
+  friend bool operator==(const Text& left, const Bytes& right) noexcept {
     return left.view() == std::string_view(right);
   }
+  template <detail::TextLike Bytes>
+  friend std::strong_ordering operator<=>(const Text& left, const Bytes& right) noexcept {
+    return left.view() <=> std::string_view(right);
+  }
+
+  /// The bytes of both, one after the other.
+  friend std::string operator+(const Text& left, const Text& right) { return std::string(left) + right; }
+  friend std::string operator+(std::string left, const Text& right) {
+    left.append(right.view());
+    return left;
+  }
+  template <detail::TextLike Bytes>
+  friend std::string operator+(const Bytes& left, const Text& right) {
+    return std::string(std::string_view(left)) + right;
+  }
+  template <detail::TextLike Bytes>
+  friend std::string operator+(const Text& left, const Bytes& right) {
+    return std::string(left).append(std::string_view(right));
+  }
+
+  /// Writes the bytes as they stand.
+  friend std::ostream& operator<<(std::ostream& out, const Text& text);
 
  private:
   friend class Value;
@@ -82,5 +108,13 @@ static_assert(sizeof(Text) == 16);
 inline const detail::Cell& detail::cell_of(const Text& text) noexcept { return text.cell_; }
 
 }  // namespace tool_binding
+
+/// The hash of the bytes, consistent with equality to any other kind of text.
+template <>
+struct std::hash<tool_binding::Text> {
+  [[nodiscard]] std::size_t operator()(const tool_binding::Text& text) const noexcept {
+    return std::hash<std::string_view>{}(text.view());
+  }
+};
 
 #pragma GCC visibility pop

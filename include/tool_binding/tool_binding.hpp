@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "tool_binding/admission.hpp"
+#include "tool_binding/detail/lifetime.hpp"
 #include "tool_binding/errors.hpp"
 #include "tool_binding/handler.hpp"
 #include "tool_binding/tool_registry.hpp"
@@ -28,7 +29,7 @@
 namespace tool_binding {
 
 /// An admitted request: its arguments as the tool's handler takes them, and what was changed to get there. Immutable;
-/// may be moved from as a whole.
+/// may be moved from as a whole, and then holds neither arguments nor notes.
 class NormalizedArguments {
  public:
   explicit NormalizedArguments(ArgumentMap arguments, std::vector<std::string> notes = {},
@@ -40,11 +41,11 @@ class NormalizedArguments {
 
   /// The arguments under their declared names and types, within their bounds, none of them null, in the order in which
   /// admission stored them; the action's declared name under `ACTION_PARAM` for a tool with actions.
-  [[nodiscard]] const ArgumentMap& arguments() const& noexcept { return arguments_; }
+  [[nodiscard]] const ArgumentMap& arguments() const& noexcept TOOL_BINDING_LIFETIMEBOUND { return arguments_; }
   [[nodiscard]] ArgumentMap arguments() && noexcept { return std::move(arguments_); }
 
   /// A line for each change that the caller should know of, in the order of the request's arguments.
-  [[nodiscard]] std::span<const std::string> notes() const& noexcept { return notes_; }
+  [[nodiscard]] std::span<const std::string> notes() const& noexcept TOOL_BINDING_LIFETIMEBOUND { return notes_; }
   [[nodiscard]] std::vector<std::string> notes() && noexcept { return std::move(notes_); }
 
   /// Whether the request named a parameter or an action by a synonym.

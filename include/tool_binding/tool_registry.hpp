@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "tool_binding/detail/lifetime.hpp"
 #include "tool_binding/text.hpp"
 #include "tool_binding/value.hpp"
 
@@ -43,7 +44,8 @@ class ActionName {
   constexpr ActionName(const char* name)            // NOLINT(google-explicit-constructor)
       : name_(name == nullptr ? std::nullopt : std::optional<std::string_view>(name)) {}
   template <std::convertible_to<std::string_view> Name>
-  constexpr ActionName(const Name& name) : name_(name) {}  // NOLINT(google-explicit-constructor)
+  constexpr ActionName(const Name& name TOOL_BINDING_LIFETIMEBOUND)
+      : name_(name) {}  // NOLINT(google-explicit-constructor)
   template <std::convertible_to<std::string_view> Name>
   constexpr ActionName(const std::optional<Name>& name)  // NOLINT(google-explicit-constructor)
       : name_(name ? std::optional<std::string_view>(*name) : std::nullopt) {}

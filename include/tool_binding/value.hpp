@@ -4,6 +4,8 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
+#include <iosfwd>
 #include <optional>
 #include <span>
 #include <string>
@@ -11,6 +13,8 @@
 #include <vector>
 
 #include "tool_binding/detail/cell.hpp"
+#include "tool_binding/detail/lifetime.hpp"
+#include "tool_binding/detail/ranges.hpp"
 #include "tool_binding/integer.hpp"
 #include "tool_binding/ordered_map.hpp"
 #include "tool_binding/text.hpp"
@@ -21,6 +25,13 @@ namespace tool_binding {
 
 class Value;
 [[nodiscard]] bool operator==(const Value& left, const Value& right);
+
+namespace detail {
+/// A range of what values can be made of, other than the vector of values that a list consists of.
+template <class Range>
+concept OtherList = Listed<Range> && !Named<Range> && !std::same_as<Range, std::vector<Value>> &&
+                    std::convertible_to<const ItemOf<Range>&, Value>;
+}  // namespace detail
 
 /// The arguments of a request by name, in their order; also the content of a mapping value.
 using ArgumentMap = OrderedMap<Value>;
@@ -37,7 +48,12 @@ enum class Kind : std::uint8_t { null, boolean, integer, floating, text, list, m
 /// Null, booleans, 64-bit integers, doubles and texts of up to 15 bytes stand in the object itself. Longer texts, wider
 /// integers, lists and mappings stand in shared immutable nodes, so that a copy costs the same whatever it holds.
 /// Values may be nested to any depth: destroying, comparing and writing one does not recurse. Copies may be used from
-/// different threads; one object that is assigned to needs its owner's care, as any other.
+/// different threads; one object that is assigned to needs its owner's care, as any other. A value that is moved from
+/// is null.
+///
+/// Lists and mappings are made of what holds their items, or written as `Value::list({1, "a"})` and
+/// `Value::mapping({{"a", 1}})`. Braces alone make neither: `Value{{"a", 1}}`, which could be meant as both, is refused
+/// by the compiler, as are single characters, which are integers to C++.
 class Value {
  public:
   /// Null.
@@ -50,20 +66,37 @@ class Value {
   template <std::floating_point Number>
   Value(Number value) noexcept  // NOLINT(google-explicit-constructor)
       : cell_(detail::Tag::floating, static_cast<double>(value)) {}
-  template <std::integral Number>
-  // NOLINTNEXTLINE(google-explicit-constructor)
-  requires(!std::same_as<Number, bool>) Value(Number value) : Value(Integer(value)) {}
+  template <detail::WholeNumber Number>
+  Value(Number value) : Value(Integer(value)) {}                // NOLINT(google-explicit-constructor)
   Value(const Integer& value) noexcept : cell_(value.cell_) {}  // NOLINT(google-explicit-constructor)
   Value(const Text& value) noexcept : cell_(value.cell_) {}     // NOLINT(google-explicit-constructor)
-  template <class Bytes>
-  // NOLINTNEXTLINE(google-explicit-constructor)
-  requires std::convertible_to<const Bytes&, std::string_view> &&(!std::same_as<Bytes, Text>)Value(const Bytes& bytes)
-      : cell_(std::string_view(bytes)) {}
+  template <detail::TextLike Bytes>
+  Value(const Bytes& bytes) : cell_(std::string_view(bytes)) {}  // NOLINT(google-explicit-constructor)
 
-  /// A list of `items`, in their order.
-  Value(std::vector<Value> items);  // NOLINT(google-explicit-constructor)
-  /// A mapping with the entries of `entries`, in their order.
-  Value(ArgumentMap entries);  // NOLINT(google-explicit-constructor)
+  /// A list of `items`, in their order: std::vector<Value>.
+  template <std::same_as<std::vector<Value>> Items>
+  Value(Items items) : cell_(list_of(std::move(items))) {}  // NOLINT(google-explicit-constructor)
+  /// A mapping with the entries of `entries`, in their order: ArgumentMap.
+  template <std::same_as<ArgumentMap> Entries>
+  Value(Entries entries) : cell_(mapping_of(std::move(entries))) {}  // NOLINT(google-explicit-constructor)
+
+  /// A list of the items of any other range that values can be made of: std::vector<std::string>, std::span<const int>.
+  template <detail::OtherList Range>
+  Value(const Range& range)  // NOLINT(google-explicit-constructor)
+      : Value(std::vector<Value>(std::begin(range), std::end(range))) {}
+  /// A mapping with the entries of a range of pairs, as std::map is, in their order; set one after another, should a
+  /// name stand twice.
+  template <detail::Named Range>
+  Value(const Range& range) : Value(ArgumentMap(range)) {}  // NOLINT(google-explicit-constructor)
+
+  /// The value that `optional` holds, null where it holds none.
+  template <std::convertible_to<Value> Content>
+  Value(const std::optional<Content>& optional)  // NOLINT(google-explicit-constructor)
+      : Value(optional ? Value(*optional) : Value()) {}
+
+  /// A list, and a mapping, that is written out: `Value::mapping({{"limits", Value::list({1, 2.5})}})`.
+  [[nodiscard]] static Value list(std::initializer_list<Value> items);
+  [[nodiscard]] static Value mapping(std::initializer_list<ArgumentMap::Entry> entries);
 
   Value(const Value&) noexcept = default;
   Value(const Value& other, detail::WithoutNodes known) noexcept : cell_(other.cell_, known) {}
@@ -86,7 +119,8 @@ class Value {
   [[nodiscard]] bool is_mapping() const noexcept { return cell_.tag() == detail::Tag::mapping_node; }
 
   /// The content. Each throws TypeError where the value is of another kind: "the value is text '5', not an integer".
-  /// Views and references live as long as this object is neither assigned to, moved nor destroyed.
+  /// Views and references live as long as this object is neither assigned to, moved nor destroyed; a temporary's
+  /// content is handed out as an object of its own.
   [[nodiscard]] bool boolean() const {
     require(is_boolean(), Kind::boolean);
     return cell_.content<std::uint64_t>() != 0;
@@ -99,16 +133,42 @@ class Value {
     require(is_floating(), Kind::floating);
     return cell_.content<double>();
   }
-  [[nodiscard]] std::string_view text() const {
+  [[nodiscard]] std::string_view text() const& TOOL_BINDING_LIFETIMEBOUND {
     require(is_text(), Kind::text);
     return cell_.text();
   }
+  [[nodiscard]] std::string text() && { return std::string(text()); }
   [[nodiscard]] Text shared_text() const {
     require(is_text(), Kind::text);
     return Text(cell_);
   }
-  [[nodiscard]] std::span<const Value> list() const;
-  [[nodiscard]] const ArgumentMap& mapping() const;
+  [[nodiscard]] std::span<const Value> list() const& TOOL_BINDING_LIFETIMEBOUND;
+  [[nodiscard]] std::vector<Value> list() &&;
+  [[nodiscard]] const ArgumentMap& mapping() const& TOOL_BINDING_LIFETIMEBOUND;
+  [[nodiscard]] ArgumentMap mapping() &&;
+
+  /// What `visitor` returns for the content: nullptr, bool, Integer, double, std::string_view, std::span<const Value>
+  /// or const ArgumentMap&. It takes each of them, and returns the same type for all.
+  template <class Visitor>
+  decltype(auto) visit(Visitor&& visitor) const& {
+    switch (kind()) {
+      case Kind::boolean:
+        return visitor(boolean());
+      case Kind::integer:
+        return visitor(integer());
+      case Kind::floating:
+        return visitor(floating());
+      case Kind::text:
+        return visitor(text());
+      case Kind::list:
+        return visitor(list());
+      case Kind::mapping:
+        return visitor(mapping());
+      case Kind::null:
+        break;
+    }
+    return visitor(nullptr);
+  }
 
   /// The integer where the value is one that fits 64 bits.
   [[nodiscard]] std::optional<std::int64_t> to_int64() const noexcept {
@@ -123,6 +183,9 @@ class Value {
   /// Throws std::bad_alloc when no memory is left for the comparison of nested values.
   friend bool operator==(const Value& left, const Value& right);
 
+  /// Writes the plain form.
+  friend std::ostream& operator<<(std::ostream& out, const Value& value);
+
   friend void swap(Value& left, Value& right) noexcept { left.cell_.swap(right.cell_); }
 
  private:
@@ -136,6 +199,9 @@ class Value {
                                    Kind::text,    Kind::integer,  Kind::list, Kind::mapping, Kind::null};
 
   explicit Value(const detail::Cell& cell) noexcept : cell_(cell) {}
+
+  static detail::Cell list_of(std::vector<Value> items);
+  static detail::Cell mapping_of(ArgumentMap entries);
 
   void require(bool holds, Kind wanted) const {
     if (!holds) {
@@ -159,5 +225,12 @@ static_assert(sizeof(Value) == 16);
 [[nodiscard]] std::string quoted_form(const Value& value);
 
 }  // namespace tool_binding
+
+/// Equal for equal values, whose kinds are the same: 1, 1.0 and true differ. Throws std::bad_alloc when no memory is
+/// left for the walk through nested values.
+template <>
+struct std::hash<tool_binding::Value> {
+  [[nodiscard]] std::size_t operator()(const tool_binding::Value& value) const;
+};
 
 #pragma GCC visibility pop

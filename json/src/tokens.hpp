@@ -6,6 +6,8 @@
 #include <memory>
 #include <string_view>
 
+#include "tool_binding/detail/assert.hpp"
+
 namespace tool_binding::json {
 
 /// A text cut into its tokens: brackets, braces, commas, colons, and whatever is between them.
@@ -36,6 +38,7 @@ class Tokens {
 
   /// The whole of a token, without the white space behind it. Precondition: `token` is below `count()`.
   [[nodiscard]] std::string_view whole(std::size_t token) const noexcept {
+    TOOL_BINDING_ASSERT(token < count_);
     const std::size_t begin = begins_[token];
     std::size_t end = begins_[token + 1];
     while (is_white(bytes_[end - 1])) {

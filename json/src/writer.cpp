@@ -14,6 +14,7 @@
 #include <string_view>
 #include <utility>
 
+#include "tool_binding/detail/assert.hpp"
 #include "tool_binding/detail/code_points.hpp"
 
 namespace tool_binding::json {
@@ -168,6 +169,7 @@ void Writer::open_object() { open('{'); }
 void Writer::close_object() { close('}'); }
 
 void Writer::write_again(std::size_t begin, std::size_t count) {
+  TOOL_BINDING_ASSERT(begin <= text().size() && count <= text().size() - begin);
   if (count != 0) {
     make_room(comma.size() + count);
     separate();
@@ -314,7 +316,10 @@ inline void Writer::separate() noexcept {
 }
 
 /// Precondition: there is room.
-inline void Writer::put(std::string_view piece) noexcept { end_ = std::copy(piece.begin(), piece.end(), end_); }
+inline void Writer::put(std::string_view piece) noexcept {
+  TOOL_BINDING_ASSERT(piece.size() <= room());
+  end_ = std::copy(piece.begin(), piece.end(), end_);
+}
 
 inline std::size_t Writer::room() const noexcept { return static_cast<std::size_t>(limit_ - end_); }
 

@@ -2,6 +2,7 @@
 #include <string>
 #include <utility>
 
+#include "tool_binding/detail/assert.hpp"
 #include "tool_binding/errors.hpp"
 #include "tool_binding/handler.hpp"
 #include "values/nodes.hpp"
@@ -12,6 +13,7 @@ namespace {
 
 /// Precondition: `argument` is a context item's cell.
 const detail::ContextNode& node_of(const detail::Cell& cell) noexcept {
+  TOOL_BINDING_ASSERT(cell.tag() == detail::Tag::context_node);
   return *static_cast<const detail::ContextNode*>(cell.node());
 }
 

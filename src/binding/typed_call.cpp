@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "compile/compiled_tool.hpp"
+#include "tool_binding/detail/assert.hpp"
 #include "tool_binding/errors.hpp"
 #include "tool_binding/typed_handler.hpp"
 
@@ -118,6 +119,7 @@ void TypedCall::refuse() const {
       add_problems(problems, listing.tool, parameter, argument);
     }
   }
+  TOOL_BINDING_ASSERT(!problems.empty());
   throw ArgumentError(problems);
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "check/findings.hpp"
+#include "tool_binding/detail/assert.hpp"
 
 namespace tool_binding {
 
@@ -66,7 +67,9 @@ std::vector<RegistryFinding> check_registry(std::span<const RegistryEntry> entri
 }
 
 RegistryError::RegistryError(std::vector<RegistryFinding> faults)
-    : ValueError(lines_for(faults)), faults_(std::make_shared<const std::vector<RegistryFinding>>(std::move(faults))) {}
+    : ValueError(lines_for(faults)), faults_(std::make_shared<const std::vector<RegistryFinding>>(std::move(faults))) {
+  TOOL_BINDING_ASSERT(!faults_->empty());
+}
 
 Handlers declare_tools(ToolTable& table, std::vector<RegistryEntry> entries, const KeywordArguments& offered) {
   return declare(table, std::move(entries), &offered);

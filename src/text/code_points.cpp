@@ -77,6 +77,7 @@ CodePoint last_beyond_ascii(std::string_view text) noexcept {
 }
 
 void append_code_point(std::string& out, char32_t code_point) {
+  TOOL_BINDING_ASSERT(code_point <= 0x10FFFF);
   if (code_point < 0x80) {
     out += static_cast<char>(code_point);
   } else if (code_point < 0x800) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "tool_binding/detail/assert.hpp"
 #include "tool_binding/detail/code_points.hpp"
 
 /// Text as a sequence of Unicode code points, from either end.
@@ -15,6 +16,7 @@ namespace tool_binding::text {
 
 /// The last code point of `text`, the one that reading from the front ends with. Precondition: `text` is not empty.
 [[nodiscard]] inline CodePoint last_code_point(std::string_view text) noexcept {
+  TOOL_BINDING_ASSERT(!text.empty());
   const char byte = text.back();
   return is_ascii(byte) ? CodePoint{static_cast<unsigned char>(byte), 1} : last_beyond_ascii(text);
 }

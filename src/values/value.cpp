@@ -24,6 +24,13 @@ constexpr std::size_t longest_shown = 60;
 /// The node as a cell keeps it: a pointer to its head.
 detail::Node* head(detail::Node* node) noexcept { return node; }
 
+/// The content of a node, moved where no other cell refers to the node.
+template <class Node, class Content>
+Content content_of(Node& node, Content Node::*content) {
+  const bool is_shared = node.count.load(std::memory_order_acquire) != 1;
+  return is_shared ? node.*content : std::move(node.*content);
+}
+
 using Pair = std::pair<const Value*, const Value*>;
 
 bool is_container(const Value& value) noexcept { return value.is_list() || value.is_mapping(); }
@@ -88,9 +95,17 @@ bool same_containers(const Value& left, const Value& right, std::vector<Pair>& l
 
 std::string_view kind_words(Kind kind) noexcept { return words_of_kinds[static_cast<std::size_t>(kind)]; }
 
-Value::Value(std::vector<Value> items) : cell_(Tag::list_node, head(new detail::ListNode(std::move(items)))) {}
+detail::Cell Value::list_of(std::vector<Value> items) {
+  return {Tag::list_node, head(new detail::ListNode(std::move(items)))};
+}
 
-Value::Value(ArgumentMap entries) : cell_(Tag::mapping_node, head(new detail::MappingNode(std::move(entries)))) {}
+detail::Cell Value::mapping_of(ArgumentMap entries) {
+  return {Tag::mapping_node, head(new detail::MappingNode(std::move(entries)))};
+}
+
+Value Value::list(std::initializer_list<Value> items) { return std::vector<Value>(items); }
+
+Value Value::mapping(std::initializer_list<ArgumentMap::Entry> entries) { return ArgumentMap(entries); }
 
 void Value::throw_wrong_kind(Kind wanted) const {
   TextBuilder message;
@@ -101,14 +116,26 @@ void Value::throw_wrong_kind(Kind wanted) const {
   throw TypeError(message.append(", not ").append(kind_words(wanted)).view());
 }
 
-std::span<const Value> Value::list() const {
+std::span<const Value> Value::list() const& {
   require(is_list(), Kind::list);
   return static_cast<const detail::ListNode*>(cell_.node())->items;
 }
 
-const ArgumentMap& Value::mapping() const {
+std::vector<Value> Value::list() && {
+  require(is_list(), Kind::list);
+  const Value taken = std::move(*this);
+  return content_of(*static_cast<detail::ListNode*>(taken.cell_.node()), &detail::ListNode::items);
+}
+
+const ArgumentMap& Value::mapping() const& {
   require(is_mapping(), Kind::mapping);
   return static_cast<const detail::MappingNode*>(cell_.node())->entries;
+}
+
+ArgumentMap Value::mapping() && {
+  require(is_mapping(), Kind::mapping);
+  const Value taken = std::move(*this);
+  return content_of(*static_cast<detail::MappingNode*>(taken.cell_.node()), &detail::MappingNode::entries);
 }
 
 bool operator==(const Value& left, const Value& right) {

@@ -97,6 +97,9 @@ TEST(NormalizedArguments, AreEqualWhenAllThreeFieldsAre) {
   EXPECT_NE(admitted, NormalizedArguments({{"a", 1}}, {"other"}, true));
   EXPECT_NE(admitted, NormalizedArguments({{"a", 1}}, {"note"}, false));
   EXPECT_EQ(NormalizedArguments({}), NormalizedArguments({}, {}, false));
+  NormalizedArguments source({{"a", 1}}, {"note"}, false);
+  EXPECT_EQ(NormalizedArguments(std::move(source)).notes().size(), 1U);
+  EXPECT_EQ(source, NormalizedArguments({}));  // NOLINT(bugprone-use-after-move): it holds nothing
 }
 
 TEST(ArgumentError, IsAValueErrorWithOneMessage) {

@@ -98,6 +98,18 @@ TEST(KeywordArgument, HandsAContextItemOutAsTheBasesThatItWasMadeWith) {
   EXPECT_EQ(constant.item<const Second>().second, 2);
 }
 
+TEST(Handler, IsWrittenInOnePairOfBracesAndMovedAsAWhole) {
+  Handler handler{Signature::named("query", std::string("limit")), [](const KeywordArguments&) { return Value(5); }};
+  const Handler taken = std::move(handler);
+  handler = {Signature::any_keyword(), {}};
+  EXPECT_TRUE(handler.signature.parameters.take("engine") && !taken.signature.parameters.take("engine"));
+  EXPECT_TRUE(taken.signature.parameters.size() == 2 && taken.signature.parameters[1].name == "limit");
+  EXPECT_EQ(taken.function({}), Value(5));
+  KeywordArgument argument = Value("a text that stands in a node");
+  const KeywordArgument kept = std::move(argument);
+  EXPECT_TRUE(argument.value().is_null() && !kept.value().is_null());  // NOLINT(bugprone-use-after-move): a bound null
+}
+
 TEST(KeywordArgument, SharesTheOwnershipOfAnItemThatIsShared) {
   auto shared = std::make_shared<Both>();
   const std::weak_ptr<Both> watched = shared;

@@ -36,12 +36,12 @@ constexpr auto enumerators(Order /*type*/) {
 /// What a type holds after it took a value, as a value again.
 template <class Type>
 Value held(const Type& taken) {
-  if constexpr (requires { Value(taken); }) {
+  if constexpr (requires { taken.has_value(); }) {
+    return taken ? held(*taken) : Value("empty");
+  } else if constexpr (requires { Value(taken); }) {
     return taken;
   } else if constexpr (std::is_enum_v<Type>) {
     return "order " + std::to_string(static_cast<int>(taken));
-  } else if constexpr (requires { taken.has_value(); }) {
-    return taken ? held(*taken) : Value("empty");
   } else {
     std::vector<Value> items;
     for (const auto& item : taken) {
@@ -111,7 +111,7 @@ TEST(TypedHandler, TakesEachTypeWithinItsRange) {
       {taken_as<std::vector<int>>, std::vector<Value>{1, "2", 3, nullptr},
        refused("each be a whole number from -2147483648 to 2147483647, not '2'; Parameter 'p' must each be a whole "
                "number from -2147483648 to 2147483647, not None")},
-      {taken_as<std::vector<std::optional<int>>>, std::vector<Value>{1, nullptr}, "[1, 'empty']"},
+      {taken_as<std::vector<std::optional<int>>>, std::vector<Value>{1, nullptr}, "[1, None]"},
       {taken_as<std::vector<std::vector<Order>>>, std::vector<Value>{Value(std::vector<Value>{"oldest"})},
        "[['order 0']]"},
       {taken_as<std::vector<std::vector<Order>>>, std::vector<Value>{"oldest"},

@@ -30,7 +30,8 @@ TEST(DeclareTools, OffersTypeWordsBeforeMain) {
 TEST(DeclareTools, FillsTheRegistryAndHandsOutTheHandlers) {
   const Handlers handlers = declare_tools({
       {.tool = {.name = "first", .params = {{.name = "p", .type = "integer"}}},
-       .handler = {.signature = {{{.name = "p"}}}, .function = [](const KeywordArguments&) { return Value("one"); }}},
+       .handler = {.signature = Signature::named("p"),
+                   .function = [](const KeywordArguments&) { return Value("one"); }}},
       {.tool = {.name = "second"}},
   });
   EXPECT_EQ(TOOLS["first"].params()[0].name, "p");

@@ -102,7 +102,7 @@ std::vector<ServedTool> tools() {
            .output_schema = sum_schema},
           {.tool = {.name = "keywords", .params = {text_param()}}, .handler = handler(keywords_of, rest())},
           {.tool = {.name = "plain", .params = {text_param()}},
-           .handler = Handler{.signature = {{{.name = "text"}, {.name = "root"}}}, .function = keywords_of}},
+           .handler = Handler{.signature = Signature::named("text", "root"), .function = keywords_of}},
           {.tool = {.name = "report", .params = {text_param()}},
            .handler = handler(report, argument<std::string_view>("text"), item<Call>("call"))},
           {.tool = {.name = "wait",

@@ -39,6 +39,28 @@ TEST(Integer, IsMadeFromEveryWidth) {
   EXPECT_EQ(Integer(std::numeric_limits<std::uint64_t>::max()).to_string(), "18446744073709551615");
   EXPECT_EQ(Integer(std::uint64_t{1} << 63U), Integer::from_decimal("9223372036854775808"));
   EXPECT_EQ(Integer(std::uint8_t{255}), 255);
+#ifdef __SIZEOF_INT128__
+  // An integer to the standard library in GNU mode only; elsewhere none is made of it.
+  __extension__ using Wide = __int128;
+  __extension__ using WideUnsigned = unsigned __int128;
+  const auto digits = []<class Number>(Number number) {
+    if constexpr (std::integral<Number>) {
+      return Value(number).integer().to_string();
+    } else {
+      static_assert(!std::constructible_from<Value, Number>);
+      return std::string();
+    }
+  };
+  if (std::integral<Wide>) {
+    const Wide two_64 = Wide{1} << 64U;
+    EXPECT_EQ(digits(two_64), "18446744073709551616");
+    EXPECT_EQ(digits(-two_64 * (two_64 / 2)), "-170141183460469231731687303715884105728");
+    EXPECT_EQ(digits(~WideUnsigned{0}), "340282366920938463463374607431768211455");
+    EXPECT_EQ(digits(-Wide{1}), "-1");
+    EXPECT_EQ(digits(two_64 / 2), "9223372036854775808");
+    EXPECT_EQ(digits(-two_64 / 2), "-9223372036854775808");
+  }
+#endif
 }
 
 /// The numbers of a line: integers, and doubles where one has a point, an exponent or a word.

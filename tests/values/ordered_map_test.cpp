@@ -2,6 +2,9 @@
 #include "tool_binding/ordered_map.hpp"
 
 #include <chrono>
+#include <limits>
+#include <map>
+#include <stdexcept>
 
 #include "support/expect_rows.hpp"
 
@@ -88,6 +91,65 @@ TEST(OrderedMap, KeepsItsCopiesApart) {
     copy = same;
     expect_numbered(copy, count);
   }
+}
+
+/// What no ordinary memory block is aligned to.
+struct alignas(128) Aligned {
+  std::size_t number = 0;
+};
+
+TEST(OrderedMap, AlignsWhatItHolds) {
+  OrderedMap<Aligned> map;
+  for (std::size_t count = 1; count < 40; ++count) {
+    map.append(name_of(count), Aligned{count});
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(&map[count - 1].value) % alignof(Aligned), 0U) << count;
+  }
+  EXPECT_EQ(OrderedMap<Aligned>(map).at(name_of(39)).number, 39U);
+}
+
+TEST(OrderedMap, RefusesRoomThatNoMemoryHas) {
+  constexpr std::size_t greatest = std::numeric_limits<std::size_t>::max();
+  ArgumentMap map = numbered(3);
+  for (const std::size_t count : {greatest, greatest - 3, greatest / sizeof(ArgumentMap::Entry) + 1, greatest / 2}) {
+    EXPECT_THROW(map.reserve(count), std::length_error) << count;
+    EXPECT_THROW(ArgumentMap(map, count), std::length_error) << count;
+  }
+  expect_numbered(map, 3);
+}
+
+TEST(OrderedMap, SaysWhichNamesThereAre) {
+  EXPECT_EQ(numbered(2).at("name 1"), Value(1));
+  EXPECT_EQ(outcome_of([] { return numbered(0).at("a"); }), "KeyError: no entry is named 'a': the map is empty");
+  EXPECT_EQ(outcome_of([] { return numbered(2).at("name 2"); }),
+            "KeyError: no entry is named 'name 2': there are 'name 0', 'name 1'");
+  EXPECT_EQ(outcome_of([] { return numbered(40).at("a"); }),
+            "KeyError: no entry is named 'a': there are 'name 0', 'name 1', 'name 2', 'name 3', 'name 4', 'name 5', "
+            "'name 6', 'name 7' and 32 more");
+}
+
+TEST(OrderedMap, TakesEntriesOut) {
+  for (const std::size_t count : {1U, 16U, 17U, 40U}) {
+    ArgumentMap map = numbered(count);
+    map.set("last", std::string(99, 'a'));
+    EXPECT_TRUE(map.erase("last") && !map.erase("last"));
+    expect_numbered(map, count);
+    EXPECT_TRUE(map.erase(map[0].name));
+    EXPECT_EQ(map.size(), count - 1);
+    for (std::size_t number = 1; number < count; ++number) {
+      EXPECT_EQ(map.find(name_of(number)), &map[number - 1].value) << number << " of " << count;
+    }
+    EXPECT_FALSE(map.contains(name_of(0)));
+  }
+}
+
+TEST(OrderedMap, IsMadeOfRangesAndFilledByIterators) {
+  static_assert(std::same_as<std::iterator_traits<ArgumentMap::const_iterator>::value_type, ArgumentMap::value_type> &&
+                std::same_as<ArgumentMap::mapped_type, Value>);
+  const std::map<std::string, int> sorted = {{"b", 2}, {"a", 1}};
+  EXPECT_EQ(ArgumentMap(sorted), (ArgumentMap{{"a", 1}, {"b", 2}}));
+  EXPECT_EQ(ArgumentMap(sorted.rbegin(), sorted.rend()), (ArgumentMap{{"b", 2}, {"a", 1}}));
+  const ArgumentMap map = numbered(40);
+  EXPECT_EQ(ArgumentMap(map.begin() + 1, map.end()).at(name_of(39)), Value(39));
 }
 
 TEST(OrderedMap, TakesManyEntriesInLittleMoreThanTheirNumber) {

@@ -13,6 +13,8 @@
 #include <sys/single_threaded.h>
 #endif
 
+#include "tool_binding/detail/assert.hpp"
+
 #pragma GCC visibility push(default)
 
 /// The 16 bytes under `Text`, `Integer` and `Value`, and the shared nodes that larger contents stand in.
@@ -175,7 +177,10 @@ class Cell {
   }
 
   /// Becomes null without giving the node's reference back. Precondition: `holds_node()`.
-  void forget_node() noexcept { high_ = shifted(Tag::null); }
+  void forget_node() noexcept {
+    TOOL_BINDING_ASSERT(holds_node());
+    high_ = shifted(Tag::null);
+  }
 
   [[nodiscard]] Tag tag() const noexcept { return static_cast<Tag>(high_ >> 56U); }
   [[nodiscard]] bool holds_node() const noexcept { return static_cast<std::int64_t>(high_) < 0; }
@@ -197,6 +202,7 @@ class Cell {
 
   /// The text's bytes, zero-terminated. Precondition: `holds_text()`, or the digits of an `integer_node`.
   [[nodiscard]] std::string_view text() const noexcept {
+    TOOL_BINDING_ASSERT(holds_text() || tag() == Tag::integer_node);
     if (holds_node()) {
       const auto* held = static_cast<const TextNode*>(node());
       return {held->data(), held->size};

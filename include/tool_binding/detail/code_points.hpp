@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "tool_binding/detail/assert.hpp"
+
 #pragma GCC visibility push(default)
 
 /// The one reader of UTF-8, for the libraries of this project.
@@ -30,6 +32,7 @@ struct CodePoint {
 
 /// The first code point of `rest`. Precondition: `rest` is not empty.
 [[nodiscard]] inline CodePoint next_code_point(std::string_view rest) noexcept {
+  TOOL_BINDING_ASSERT(!rest.empty());
   const char byte = rest.front();
   return is_ascii(byte) ? CodePoint{static_cast<unsigned char>(byte), 1} : next_beyond_ascii(rest);
 }

@@ -3,16 +3,21 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <limits>
 #include <memory>
 #include <new>
 #include <type_traits>
 #include <utility>
 
+#include "tool_binding/detail/assert.hpp"
 #include "tool_binding/detail/cell.hpp"
 
 #pragma GCC visibility push(default)
 
 namespace tool_binding::detail {
+
+/// Throws std::length_error.
+[[noreturn]] void throw_too_many_entries();
 
 /// The entries of a map, in one block of the heap. A row differs from a vector in two promises: moving an entry never
 /// fails, and a row of one type of entry becomes a row of another in the same block.
@@ -24,7 +29,7 @@ class EntryRow {
   /// The entries of `other`, of which this row's can be made, with room for `more`.
   template <class Other>
   EntryRow(const EntryRow<Other>& other, std::size_t more)
-      : entries_(room_for(other.size_ + more)), size_(other.size_), capacity_(other.size_ + more) {
+      : entries_(room_for(other.size_, more)), size_(other.size_), capacity_(other.size_ + more) {
     static_assert(std::is_nothrow_constructible_v<Entry, const Other&>);
     std::uninitialized_copy_n(other.entries_, size_, entries_);
   }
@@ -41,7 +46,8 @@ class EntryRow {
   /// The entries of `other`, each made into one of this row's, in their order.
   template <class Other>
   explicit EntryRow(EntryRow<Other>&& other) noexcept {
-    static_assert(sizeof(Entry) == sizeof(Other) && std::is_nothrow_constructible_v<Entry, Other&&>);
+    static_assert(sizeof(Entry) == sizeof(Other) && alignof(Entry) == alignof(Other) &&
+                  std::is_nothrow_constructible_v<Entry, Other&&>);
     auto* const block = static_cast<void*>(other.entries_);
     for (std::size_t index = 0; index < other.size_; ++index) {
       move_into(static_cast<Entry*>(block) + index, other.entries_ + index);
@@ -83,13 +89,32 @@ class EntryRow {
     }
     ++size_;
   }
-  void pop_back() noexcept { std::destroy_at(entries_ + --size_); }
+  void pop_back() noexcept {
+    TOOL_BINDING_ASSERT(!empty());
+    std::destroy_at(entries_ + --size_);
+  }
+
+  /// Ends the entry at `index`; those after it move up.
+  void erase(std::size_t index) noexcept {
+    TOOL_BINDING_ASSERT(index < size_);
+    std::destroy_at(entries_ + index);
+    while (++index < size_) {
+      move_into(entries_ + index - 1, entries_ + index);
+    }
+    --size_;
+  }
 
   [[nodiscard]] std::size_t size() const noexcept { return size_; }
   [[nodiscard]] bool empty() const noexcept { return size_ == 0; }
-  [[nodiscard]] Entry& operator[](std::size_t index) noexcept { return entries_[index]; }
-  [[nodiscard]] const Entry& operator[](std::size_t index) const noexcept { return entries_[index]; }
-  [[nodiscard]] Entry& back() noexcept { return entries_[size_ - 1]; }
+  [[nodiscard]] Entry& operator[](std::size_t index) noexcept {
+    TOOL_BINDING_ASSERT(index < size_);
+    return entries_[index];
+  }
+  [[nodiscard]] const Entry& operator[](std::size_t index) const noexcept {
+    TOOL_BINDING_ASSERT(index < size_);
+    return entries_[index];
+  }
+  [[nodiscard]] Entry& back() noexcept { return (*this)[size_ - 1]; }
   [[nodiscard]] Entry* begin() noexcept { return entries_; }
   [[nodiscard]] Entry* end() noexcept { return entries_ + size_; }
   [[nodiscard]] const Entry* begin() const noexcept { return entries_; }
@@ -99,6 +124,8 @@ class EntryRow {
   template <class Other>
   friend class EntryRow;
   static constexpr std::size_t fewest = 4;
+  static constexpr std::size_t most = std::numeric_limits<std::ptrdiff_t>::max() / sizeof(Entry);
+  static constexpr bool is_over_aligned = alignof(Entry) > __STDCPP_DEFAULT_NEW_ALIGNMENT__;
 
   /// Moves an entry into room that may be its own, and ends it.
   template <class Other>
@@ -136,11 +163,27 @@ class EntryRow {
     swap(roomier);
   }
 
-  static Entry* room_for(std::size_t capacity) {
-    return capacity == 0 ? nullptr : static_cast<Entry*>(::operator new(capacity * sizeof(Entry)));
+  static Entry* room_for(std::size_t held, std::size_t more = 0) {
+    if (held > most || more > most - held) {
+      throw_too_many_entries();
+    }
+    const std::size_t capacity = held + more;
+    if (capacity == 0) {
+      return nullptr;
+    }
+    if constexpr (is_over_aligned) {
+      return static_cast<Entry*>(::operator new (capacity * sizeof(Entry), std::align_val_t{alignof(Entry)}));
+    } else {
+      return static_cast<Entry*>(::operator new(capacity * sizeof(Entry)));
+    }
   }
   void give_back() noexcept {
-    if (entries_ != nullptr) {
+    if (entries_ == nullptr) {
+      return;
+    }
+    if constexpr (is_over_aligned) {
+      ::operator delete (static_cast<void*>(entries_), std::align_val_t{alignof(Entry)});
+    } else {
       ::operator delete(static_cast<void*>(entries_));
     }
   }

@@ -3,6 +3,7 @@
 
 #include <compare>
 
+#include "tool_binding/detail/assert.hpp"
 #include "tool_binding/value.hpp"
 
 namespace tool_binding {
@@ -11,6 +12,7 @@ namespace tool_binding {
 
 /// Order by exact numeric value, neither side being rounded; unordered for a NaN. Precondition: both are numbers.
 [[nodiscard]] inline std::partial_ordering compare_numbers(const Value& left, const Value& right) {
+  TOOL_BINDING_ASSERT(is_number(left) && is_number(right));
   if (left.is_integer()) {
     return right.is_integer() ? left.integer() <=> right.integer() : left.integer().compare(right.floating());
   }

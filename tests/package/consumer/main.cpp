@@ -55,7 +55,7 @@ int main() {
   } catch (const ArgumentError& error) {
     std::puts(error.what());
   }
-  const Handler handler{{{{"repository"}, {"limit"}}}, {}};
+  const Handler handler{Signature::named("repository", "limit"), {}};
   std::string repository = "atlas";
   const KeywordArguments context{{"repository", KeywordArgument::context(repository)}};
   const auto admitted = normalize_arguments("search", ArgumentMap{{"limit", "5"}});
