@@ -95,7 +95,8 @@ if command -v dpkg-shlibdeps >/dev/null; then
   done
   compgen -G "$scratch/root/usr/share/doc/libtool-binding0.*/copyright" >/dev/null
   LD_LIBRARY_PATH=$scratch/root/usr/lib expect_files "$scratch/root/usr"
-  with_find_package "$scratch/root/usr" packages
+  # Installed, the directory is searched anyway.
+  LD_LIBRARY_PATH=$scratch/root/usr/lib with_find_package "$scratch/root/usr" packages
   ! command -v lintian >/dev/null || lintian --fail-on error "$scratch"/subdirectory/*.deb
 fi
 
