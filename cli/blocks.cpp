@@ -11,6 +11,16 @@ namespace {
 constexpr std::size_t step = std::size_t{128} * 1024;
 constexpr std::size_t kept_capacity = std::size_t{4} * 1024 * 1024;
 
+/// The line feeds of a text: a search for each, since a byte at a time takes ten times as long.
+std::size_t lines_of(std::string_view text) {
+  std::size_t count = 0;
+  while (const void* const feed = std::memchr(text.data(), '\n', text.size())) {
+    ++count;
+    text.remove_prefix(static_cast<std::size_t>(static_cast<const char*>(feed) - text.data()) + 1);
+  }
+  return count;
+}
+
 }  // namespace
 
 void Block::begin(std::size_t file, std::size_t first_line) {
@@ -90,7 +100,7 @@ bool InputBlocks::fill(Block& block) {
 void InputBlocks::cut(Block& block, std::size_t end) {
   rest_.assign(block.bytes_.get() + end, block.size_ - end);
   block.size_ = end;
-  next_line_ += static_cast<std::size_t>(std::count(block.bytes_.get(), block.bytes_.get() + end, '\n'));
+  next_line_ += lines_of({block.bytes_.get(), end});
 }
 
 void InputBlocks::stop() noexcept {
