@@ -8,7 +8,7 @@ namespace tool_binding::cli {
 namespace {
 
 /// As much as is read at once, and the room that a block keeps from one filling to the next.
-constexpr std::size_t step = std::size_t{128} * 1024;
+constexpr std::size_t read_size = std::size_t{128} * 1024;
 constexpr std::size_t kept_capacity = std::size_t{4} * 1024 * 1024;
 
 /// The line feeds of a text: a search for each, since a byte at a time takes ten times as long.
@@ -43,10 +43,10 @@ void Block::append(std::string_view bytes) {
   }
 }
 
-/// At least a step; twice as much as before where less is left, so that a long line is moved a few times only.
+/// At least `read_size`; twice as much as before where less is left, so that a long line is moved a few times only.
 std::span<char> Block::room() {
-  if (capacity_ - size_ < step) {
-    const std::size_t larger_capacity = 2 * size_ + step;
+  if (capacity_ - size_ < read_size) {
+    const std::size_t larger_capacity = 2 * size_ + read_size;
     auto larger = std::make_unique_for_overwrite<char[]>(larger_capacity);
     if (size_ != 0) {
       std::memcpy(larger.get(), bytes_.get(), size_);
@@ -81,7 +81,7 @@ bool InputBlocks::fill(Block& block) {
   rest_.clear();
   while (true) {
     const std::size_t begin = block.size_;
-    const std::size_t count = input_->read(block.room().first(step), stop_.get());
+    const std::size_t count = input_->read(block.room().first(read_size), stop_.get());
     if (count == 0) {
       input_.reset();  // a terminal would be asked again
       return block.size_ != 0;
