@@ -9,8 +9,18 @@
 
 namespace tool_binding::cli {
 
-Colours output_colours() noexcept {
-  if (isatty(STDOUT_FILENO) == 0 || std::getenv("NO_COLOR") != nullptr) {
+namespace {
+
+bool has_colour() noexcept {
+  const char* const terminal = std::getenv("TERM");
+  return isatty(STDOUT_FILENO) != 0 && std::getenv("NO_COLOR") == nullptr &&
+         (terminal == nullptr || std::string_view(terminal) != "dumb");
+}
+
+}  // namespace
+
+Colours output_colours(Colour colour) noexcept {
+  if (colour == Colour::never || (colour == Colour::automatic && !has_colour())) {
     return {};
   }
   return {.heading = "\033[1m",

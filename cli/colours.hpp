@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace tool_binding::cli {
@@ -16,8 +17,11 @@ struct Colours {
   std::string_view off = {};
 };
 
-/// The colours for standard output: none unless it is a terminal, and none where NO_COLOR is set.
-[[nodiscard]] Colours output_colours() noexcept;
+enum class Colour : std::uint8_t { automatic, always, never };
+
+/// The colours for standard output. Unless they were asked for, there are none but on a terminal, none where NO_COLOR
+/// is set, and none where TERM says that the terminal has none.
+[[nodiscard]] Colours output_colours(Colour colour) noexcept;
 
 /// The columns of the terminal that standard output is, within what can be read; 100 for anything else.
 [[nodiscard]] std::size_t output_width() noexcept;

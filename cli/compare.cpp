@@ -171,7 +171,8 @@ ExitStatus show_comparison(const CompareOptions& options) {
   load(registries, options);
   const report::Comparison comparison = compare_all(registries, options);
   if (!options.lists) {
-    print(options.as_json ? json::write(comparison_value(comparison)) + "\n" : text_page(comparison, text_style()));
+    print(options.as_json ? json::write(comparison_value(comparison)) + "\n"
+                          : text_page(comparison, text_style(options.requests.colour)));
   }
   return is_failure(comparison, options.fails_on) ? ExitStatus::refused : ExitStatus::answered;
 }

@@ -11,6 +11,7 @@
 #include "loading.hpp"
 #include "options.hpp"
 #include "output.hpp"
+#include "proposals.hpp"
 #include "tool_binding/json/reader.hpp"
 
 namespace tool_binding::cli {
@@ -20,6 +21,7 @@ namespace {
 struct Typed {
   Files files;
   std::string tool;
+  Colour colour = Colour::automatic;
   std::vector<std::string> arguments;  ///< each is "-" or NAME=VALUE
 };
 
@@ -64,8 +66,7 @@ ArgumentMap arguments_of(const Typed& request) {
 
 /// The account of a request, and whether it is admitted.
 std::string explanation_of(const ToolSpec& tool, const ArgumentMap& arguments, const Handler& handler,
-                           const KeywordArguments& context, ExitStatus& status) {
-  const Colours colours = output_colours();
+                           const KeywordArguments& context, const Colours& colours, ExitStatus& status) {
   try {
     const Admission admission = admit(tool, arguments);
     status = admission.is_admitted() ? ExitStatus::answered : ExitStatus::refused;
@@ -79,16 +80,10 @@ std::string explanation_of(const ToolSpec& tool, const ArgumentMap& arguments, c
 ExitStatus explain(const Typed& request) {
   const Handlers handlers = load_registry(request.files.registry);
   const KeywordArguments context = load_context(request.files.context);
-  const ToolSpec* const tool = TOOLS.find(request.tool);
-  if (tool == nullptr) {
-    std::string words = "no tool is named '" + request.tool + "': the registry declares";
-    for (const ToolSpec& declared : TOOLS.all()) {
-      words.append(words.ends_with(" declares") ? " " : ", ").append(declared.name());
-    }
-    throw UnusableFile(request.files.registry, words);
-  }
+  const ToolSpec& tool = declared_tool(request.tool, request.files.registry);
   ExitStatus status = ExitStatus::answered;
-  print(explanation_of(*tool, arguments_of(request), *handlers.find(tool->name()), context, status));
+  print(explanation_of(tool, arguments_of(request), *handlers.find(tool.name()), context,
+                       output_colours(request.colour), status));
   return status;
 }
 
@@ -113,6 +108,7 @@ Run declare_explain(CLI::App& command) {
   const auto request = std::make_shared<Typed>();
   add_registry_option(command, request->files);
   add_context_option(command, request->files);
+  add_colour_option(command, request->colour);
   command.add_option("TOOL", request->tool, "The tool that the request names")->required();
   command.add_option("ARGUMENTS", request->arguments, "NAME=VALUE, a value being JSON where it reads as JSON, or -")
       ->type_name("NAME=VALUE");

@@ -14,6 +14,7 @@
 
 #include "command.hpp"
 #include "loading.hpp"
+#include "misuse.hpp"
 #include "output.hpp"
 
 namespace {
@@ -53,10 +54,6 @@ void complain(std::string_view lines) {
   }
 }
 
-std::string words_for(const CLI::App* /*app*/, const CLI::Error& misuse) {
-  return "tool-binding: " + std::string(misuse.what()) + "\nRun with --help for more information.\n";
-}
-
 /// Shows what the parser stopped for: help and version, which were asked for, or how the usage was wrong.
 ExitStatus show(const CLI::App& app, const CLI::ParseError& stop) {
   std::ostringstream data;
@@ -68,7 +65,7 @@ ExitStatus show(const CLI::App& app, const CLI::ParseError& stop) {
 ExitStatus run(int argument_count, const char* const* arguments) {
   CLI::App app("Admits tool requests against a registry, as a daemon does before its handlers run.", "tool-binding");
   app.require_subcommand(0, 1);
-  app.failure_message(words_for);
+  app.failure_message(misuse_words);
   app.set_version_flag("--version", "tool-binding " TOOL_BINDING_VERSION);
   app.footer(closing_words);
   std::vector<std::pair<CLI::App*, Run>> runs;

@@ -27,6 +27,11 @@ Run declare_missing(CLI::App& command) {
   const auto files = std::make_shared<Files>();
   add_registry_option(command, *files);
   add_lines_argument(command, *files, "REQUESTS");
+  command.footer(R"(A line: {"tool": "search", "action": "find", "arguments": {}}
+Its answer: {"tool": "search", "missing": "search 'find' needs 'query'"}, or null there.
+An action that is left out or null stands for a call that runs none.
+
+)" + command.get_footer());
   return [files] { return answer_questions(*files, "missing", missing); };
 }
 

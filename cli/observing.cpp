@@ -65,6 +65,7 @@ class Looking {
 
 void add_recorded_requests(CLI::App& command, RecordedRequests& requests) {
   add_jobs_option(command, requests.jobs);
+  add_colour_option(command, requests.colour);
   command.add_option("REQUESTS", requests.paths, "Files of requests, a line each; - or nothing: standard input")
       ->type_name("FILE");
 }
@@ -114,8 +115,8 @@ report::Report observe(const ToolTable& table, const RecordedRequests& requests)
   return report;
 }
 
-report::TextStyle text_style() noexcept {
-  const Colours colours = output_colours();
+report::TextStyle text_style(Colour colour) noexcept {
+  const Colours colours = output_colours(colour);
   return {.width = output_width(),
           .heading = colours.heading,
           .good = colours.good,

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "colours.hpp"
 #include "request.hpp"
 #include "tool_binding/report/pages.hpp"
 #include "tool_binding/report/report.hpp"
@@ -20,9 +21,10 @@ namespace tool_binding::cli {
 struct RecordedRequests {
   std::vector<std::string> paths;  ///< none: standard input
   std::size_t jobs = 1;
+  Colour colour = Colour::automatic;
 };
 
-/// Declares --jobs and the requests.
+/// Declares --jobs, --color and the requests.
 void add_recorded_requests(CLI::App& command, RecordedRequests& requests);
 
 /// Throws CLI::ValidationError when standard input is named twice.
@@ -40,6 +42,6 @@ void check_standard_input(const std::vector<std::string>& paths);
 [[nodiscard]] report::Report observe(const ToolTable& table, const RecordedRequests& requests);
 
 /// How their pages look on standard output.
-[[nodiscard]] report::TextStyle text_style() noexcept;
+[[nodiscard]] report::TextStyle text_style(Colour colour) noexcept;
 
 }  // namespace tool_binding::cli

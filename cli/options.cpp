@@ -4,6 +4,8 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
+#include <map>
+#include <string>
 #include <thread>
 
 namespace tool_binding::cli {
@@ -15,6 +17,14 @@ void add_registry_option(CLI::App& command, Files& files) {
 void add_context_option(CLI::App& command, Files& files) {
   command.add_option("--context", files.context, "A JSON object whose entries are offered to every handler")
       ->type_name("FILE");
+}
+
+void add_colour_option(CLI::App& command, Colour& colour) {
+  const std::map<std::string, Colour> words = {
+      {"auto", Colour::automatic}, {"always", Colour::always}, {"never", Colour::never}};
+  command.add_option("--color", colour, "Colours: auto, as the terminal has them; always; or never")
+      ->type_name("WHEN")
+      ->transform(CLI::Transformer(words).description(""));
 }
 
 void add_jobs_option(CLI::App& command, std::size_t& jobs) {

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 
+#include "colours.hpp"
 #include "input.hpp"
 
 namespace CLI {
@@ -24,6 +25,9 @@ struct Files {
 /// Each declares what its name says; the parser writes to `files`, which is to live until the command has run.
 void add_registry_option(CLI::App& command, Files& files);
 void add_context_option(CLI::App& command, Files& files);
+
+/// Whether what is written for people has colours.
+void add_colour_option(CLI::App& command, Colour& colour);
 
 /// The number of threads; 0 stands for one on each core, and is replaced by their number.
 void add_jobs_option(CLI::App& command, std::size_t& jobs);

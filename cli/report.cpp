@@ -66,7 +66,8 @@ ExitStatus show_report(const ReportOptions& options) {
       return ExitStatus::answered;
     }
   }
-  print(options.as_json ? json::write(report_value(report)) + "\n" : text_page(report, text_style()));
+  print(options.as_json ? json::write(report_value(report)) + "\n"
+                        : text_page(report, text_style(options.requests.colour)));
   return ExitStatus::answered;
 }
 

@@ -9,6 +9,7 @@
 #include "options.hpp"
 #include "output.hpp"
 #include "page.hpp"
+#include "proposals.hpp"
 #include "tool_binding/json/tool_list.hpp"
 
 namespace tool_binding::cli {
@@ -25,7 +26,7 @@ struct SchemaQuestion {
 std::vector<const ToolSpec*> tools_of(const SchemaQuestion& question) {
   std::vector<const ToolSpec*> tools;
   for (const std::string& name : question.tools) {
-    tools.push_back(&TOOLS[name]);
+    tools.push_back(&declared_tool(name, question.files.registry));
   }
   if (question.tools.empty()) {
     for (const ToolSpec& tool : TOOLS.all()) {
@@ -65,11 +66,7 @@ std::string schemas(const SchemaQuestion& question) {
 
 ExitStatus schema(const SchemaQuestion& question) {
   static_cast<void>(load_registry(question.files.registry));
-  try {
-    print(question.names_alone ? names(question) : schemas(question));
-  } catch (const KeyError& unknown) {
-    throw UnusableFile(question.files.registry, unknown.message());
-  }
+  print(question.names_alone ? names(question) : schemas(question));
   return ExitStatus::answered;
 }
 

@@ -42,3 +42,30 @@ complete -c tool-binding -n '__fish_seen_subcommand_from schema' -l open \
     -d 'For clients that validate before they send'
 complete -c tool-binding -n '__fish_seen_subcommand_from schema' -l names -d 'Show names alone'
 complete -c tool-binding -n '__fish_seen_subcommand_from import' -l verbose -d 'Name what changes nothing as well'
+complete -c tool-binding -n '__fish_seen_subcommand_from explain report compare' -x -l color -a 'auto always never' \
+    -d 'Colours'
+
+# The names of the tools of the registry that the line names or, behind a tool, those of its arguments.
+function __tool_binding_names
+    set -l words (commandline -opc)
+    set -l registry (contains -i -- --registry $words)
+    or return
+    set -l rest
+    set -l skip 0
+    for word in $words[3..]
+        if test $skip = 1
+            set skip 0
+        else if contains -- $word --registry --context --color
+            set skip 1
+        else if not string match -q -- '-*' $word
+            set -a rest $word
+        end
+    end
+    set -l file $words[(math $registry + 1)]
+    if test $words[2] = schema -o -z "$rest"
+        $words[1] schema --names --registry $file 2>/dev/null
+    else
+        $words[1] schema --names --registry $file $rest[1] 2>/dev/null | string replace -r '$' '='
+    end
+end
+complete -c tool-binding -n '__fish_seen_subcommand_from explain schema' -f -a '(__tool_binding_names)'

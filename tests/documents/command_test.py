@@ -40,6 +40,25 @@ if not names or "--registry" not in expected:
     sys.exit("the command's help shows neither subcommands nor options")
 lacking = [f"{page.relative_to(source)}: no word of '{word}'" for page in pages for word in sorted(expected)
            if not re.search(rf"(?<![\w-]){re.escape(word)}(?![\w-])", words_of(page, page.read_text()))]
+
+
+def completed(*words):
+    """What the completion for bash offers in place of the last word."""
+    script = 'source "$0"; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _tool_binding; echo "${COMPREPLY[*]}"'
+    return subprocess.run(["bash", "-c", script, str(source / "cli/completions/tool-binding"), command, *words],
+                          check=True, capture_output=True, text=True).stdout.split()
+
+
+registry = str(source / "examples/repo_daemon.registry.json")
+for words, offered in (
+        (["adm"], ["admit"]),
+        (["explain", "--registry", registry, "re"], ["references", "read_file"]),
+        (["explain", "--registry", "=", registry, "references", "depth", "=", "3", "de"], ["depth=", "detail="]),
+        (["explain", "--registry", registry, "references", "depth", "=", "3"], []),
+        (["schema", "--strict", "--registry", registry, "ping", "an"], ["annotate"]),
+        (["explain", "--color", "al"], ["always"])):
+    if completed(*words) != offered:
+        lacking.append(f"cli/completions/tool-binding: offers {completed(*words)} for {words}, not {offered}")
 version = subprocess.run([command, "--version"], check=True, capture_output=True, text=True).stdout.split()[1]
 for page, words in (("cli/manual/tool-binding.1", f'"tool_binding {version}"'), ("CHANGELOG.md", f"## {version}")):
     if words not in (source / page).read_text():
