@@ -2,8 +2,8 @@
 #include <iostream>
 #include <string>
 
+#include "tool_binding/call.hpp"
 #include "tool_binding/registry_check.hpp"
-#include "tool_binding/tool_binding.hpp"
 #include "tool_binding/typed_handler.hpp"
 
 using namespace tool_binding;
@@ -26,15 +26,14 @@ int main() {
       context);
   const Handler& answering = *handlers.find("search");
   for (const ArgumentMap& sent : {ArgumentMap{{"q", "open_index"}, {"limit", "500"}}, ArgumentMap{{"limt", 5}}}) {
-    try {
-      const NormalizedArguments admitted = normalize_arguments("search", sent);
-      for (const std::string& note : admitted.notes()) {
-        std::cout << "note: " << note << '\n';
-      }
-      const ArgumentMap bound = bind_arguments("search", admitted.arguments());
-      std::cout << "answer: " << answering.function(handler_kwargs(answering, bound, context)).text() << '\n';
-    } catch (const ArgumentError& refusal) {
-      std::cout << "refused: " << refusal.message() << '\n';
+    const PreparedCall call = prepare_call("search", answering, sent, context);
+    for (const std::string& note : call.notes()) {
+      std::cout << "note: " << note << '\n';
+    }
+    if (call.is_admitted()) {
+      std::cout << "answer: " << answering.function(call.keywords()).text() << '\n';
+    } else {
+      std::cout << "refused: " << call.refusal() << '\n';
     }
   }
 }
