@@ -200,8 +200,8 @@ class Value {
 
   explicit Value(const detail::Cell& cell) noexcept : cell_(cell) {}
 
-  static detail::Cell list_of(std::vector<Value> items);
-  static detail::Cell mapping_of(ArgumentMap entries);
+  static detail::Cell list_of(std::vector<Value>&& items);
+  static detail::Cell mapping_of(ArgumentMap&& entries);
 
   void require(bool holds, Kind wanted) const {
     if (!holds) {

@@ -24,13 +24,13 @@ struct ContainerNode : Node {
 struct ListNode : ContainerNode {
   std::vector<Value> items;
 
-  explicit ListNode(std::vector<Value> held) noexcept : ContainerNode(Tag::list_node), items(std::move(held)) {}
+  explicit ListNode(std::vector<Value>&& held) noexcept : ContainerNode(Tag::list_node), items(std::move(held)) {}
 };
 
 struct MappingNode : ContainerNode {
   ArgumentMap entries;
 
-  explicit MappingNode(ArgumentMap held) noexcept : ContainerNode(Tag::mapping_node), entries(std::move(held)) {}
+  explicit MappingNode(ArgumentMap&& held) noexcept : ContainerNode(Tag::mapping_node), entries(std::move(held)) {}
 };
 
 struct ContextNode : Node {

@@ -95,11 +95,11 @@ bool same_containers(const Value& left, const Value& right, std::vector<Pair>& l
 
 std::string_view kind_words(Kind kind) noexcept { return words_of_kinds[static_cast<std::size_t>(kind)]; }
 
-detail::Cell Value::list_of(std::vector<Value> items) {
+detail::Cell Value::list_of(std::vector<Value>&& items) {
   return {Tag::list_node, head(new detail::ListNode(std::move(items)))};
 }
 
-detail::Cell Value::mapping_of(ArgumentMap entries) {
+detail::Cell Value::mapping_of(ArgumentMap&& entries) {
   return {Tag::mapping_node, head(new detail::MappingNode(std::move(entries)))};
 }
 

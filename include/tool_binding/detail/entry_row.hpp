@@ -136,7 +136,7 @@ class EntryRow {
   }
 
   /// An empty row with that room.
-  explicit EntryRow(std::size_t capacity) : entries_(room_for(capacity)), capacity_(capacity) {}
+  explicit EntryRow(std::size_t capacity) : entries_(room_for(0, capacity)), capacity_(capacity) {}
 
   // The ordinary way is to append where there is room: the others are not inline.
 
@@ -163,8 +163,9 @@ class EntryRow {
     swap(roomier);
   }
 
-  static Entry* room_for(std::size_t held, std::size_t more = 0) {
-    if (held > most || more > most - held) {
+  /// Room for `more` entries than `held`, which there is room for.
+  static Entry* room_for(std::size_t held, std::size_t more) {
+    if (more > most - held) {
       throw_too_many_entries();
     }
     const std::size_t capacity = held + more;
