@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <optional>
 #include <string>
@@ -116,7 +115,7 @@ Run declare_admit(CLI::App& command) {
   const auto request = std::make_shared<AdmitOptions>();
   add_registry_option(command, request->files);
   add_context_option(command, request->files);
-  command.add_flag("--findings", request->with_findings, "Add each note and problem as data for programs");
+  add_flag(command, "--findings", request->with_findings, "Add each note and problem as data for programs");
   add_lines_argument(command, request->files, "REQUESTS");
   return [request] { return answer_requests(*request); };
 }

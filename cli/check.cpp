@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <charconv>
 #include <memory>
 #include <span>
@@ -10,6 +9,7 @@
 #include "command.hpp"
 #include "input.hpp"
 #include "loading.hpp"
+#include "options.hpp"
 #include "output.hpp"
 #include "tool_binding/json/parse_error.hpp"
 #include "tool_binding/json/registry_file.hpp"
@@ -77,8 +77,8 @@ ExitStatus check(const std::string& path) {
 
 Run declare_check(CLI::App& command) {
   const auto path = std::make_shared<std::string>(standard_input);
-  command.add_option("FILE,--registry", *path, "The file that declares the tools; - or nothing: standard input")
-      ->type_name("FILE");
+  add_value(command, "FILE,--registry", *path, "The file that declares the tools; - or nothing: standard input",
+            "FILE");
   return [path] { return check(*path); };
 }
 

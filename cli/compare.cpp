@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <map>
 #include <memory>
 #include <optional>
@@ -13,6 +12,7 @@
 #include "in_order.hpp"
 #include "loading.hpp"
 #include "observing.hpp"
+#include "options.hpp"
 #include "output.hpp"
 #include "progress.hpp"
 #include "tool_binding/json/reader.hpp"
@@ -181,19 +181,16 @@ ExitStatus show_comparison(const CompareOptions& options) {
 
 Run declare_compare(CLI::App& command) {
   const auto options = std::make_shared<CompareOptions>();
-  command.add_option("--registry", options->before, "The file that declares the tools")->type_name("FILE")->required();
-  command.add_option("--with", options->after, "The file that declares them otherwise")->type_name("FILE")->required();
-  CLI::Option* const json = command.add_flag("--json", options->as_json, "Write the counts and examples for programs");
-  command.add_flag("--list", options->lists, "Write a line of JSON for each request that is answered otherwise")
-      ->excludes(json);
-  command
-      .add_option("--fail-on", options->fails_on,
-                  "What makes the exit status 1: requests that are now refused, or also those that mean something "
-                  "else; changed unless it is given")
-      ->type_name("refused|changed")
-      ->check(CLI::IsMember({"refused", "changed"}));
+  add_required_value(command, "--registry", options->before, "The file that declares the tools", "FILE");
+  add_required_value(command, "--with", options->after, "The file that declares them otherwise", "FILE");
+  add_flag(command, "--json", options->as_json, "Write the counts and examples for programs");
+  add_flag(command, "--list", options->lists, "Write a line of JSON for each request that is answered otherwise");
+  let_exclude_each_other(command, {"--json", "--list"});
+  add_choice(command, "--fail-on", options->fails_on, {"refused", "changed"},
+             "What makes the exit status 1: requests that are now refused, or also those that mean something else; "
+             "changed unless it is given");
   add_recorded_requests(command, options->requests);
-  command.callback([options] {
+  add_check(command, [options] {
     std::vector<std::string> paths = paths_of(options->requests);
     paths.insert(paths.end(), {options->before, options->after});
     check_standard_input(paths);

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <memory>
 
 #include "answer_questions.hpp"
@@ -24,11 +23,9 @@ Run declare_default(CLI::App& command) {
   const auto files = std::make_shared<Files>();
   add_registry_option(command, *files);
   add_lines_argument(command, *files, "REQUESTS");
-  command.footer(R"(A line: {"tool": "search", "name": "limit", "action": "list"}
+  add_words(command, R"(A line: {"tool": "search", "name": "limit", "action": "list"}
 Its answer: {"tool": "search", "default": 50}
-An action that is left out or null stands for a call that runs none.
-
-)" + command.get_footer());
+An action that is left out or null stands for a call that runs none.)");
   return [files] { return answer_questions(*files, "default", default_of); };
 }
 

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
 #include <stdexcept>
@@ -92,12 +91,11 @@ void check_arguments(const Typed& request) {
   const auto files =
       (request.files.registry == standard_input ? 1 : 0) + (request.files.context == standard_input ? 1 : 0);
   if (arguments + files > 1) {
-    throw CLI::ValidationError("standard input can be read only once: give the other files by path");
+    throw WrongUsage("standard input can be read only once: give the other files by path");
   }
   for (const std::string& argument : request.arguments) {
     if (argument != standard_input && argument.find('=') == std::string::npos) {
-      throw CLI::ValidationError("an argument must be NAME=VALUE, or - to read an object from standard input, not " +
-                                 argument);
+      throw WrongUsage("an argument must be NAME=VALUE, or - to read an object from standard input, not " + argument);
     }
   }
 }
@@ -109,10 +107,10 @@ Run declare_explain(CLI::App& command) {
   add_registry_option(command, request->files);
   add_context_option(command, request->files);
   add_colour_option(command, request->colour);
-  command.add_option("TOOL", request->tool, "The tool that the request names")->required();
-  command.add_option("ARGUMENTS", request->arguments, "NAME=VALUE, a value being JSON where it reads as JSON, or -")
-      ->type_name("NAME=VALUE");
-  command.callback([request] { check_arguments(*request); });
+  add_required_value(command, "TOOL", request->tool, "The tool that the request names");
+  add_values(command, "ARGUMENTS", request->arguments, "NAME=VALUE, a value being JSON where it reads as JSON, or -",
+             "NAME=VALUE");
+  add_check(command, [request] { check_arguments(*request); });
   return [request] { return explain(*request); };
 }
 

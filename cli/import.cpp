@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
 #include <memory>
@@ -8,6 +7,7 @@
 #include "command.hpp"
 #include "input.hpp"
 #include "loading.hpp"
+#include "options.hpp"
 #include "output.hpp"
 #include "page.hpp"
 #include "tool_binding/json/tool_list.hpp"
@@ -84,11 +84,10 @@ ExitStatus import_tools(const Import& import) {
 
 Run declare_import(CLI::App& command) {
   const auto import = std::make_shared<Import>();
-  command.add_option("FILE", import->path, "A list of tools with their schemas; - or nothing: standard input")
-      ->type_name("FILE");
-  command.add_flag("--lenient", import->is_lenient, "Let a parameter take text where no type says what it is");
-  command.add_flag("--verbose", import->is_verbose,
-                   "Name what changes nothing as well: titles, other spellings of types");
+  add_value(command, "FILE", import->path, "A list of tools with their schemas; - or nothing: standard input", "FILE");
+  add_flag(command, "--lenient", import->is_lenient, "Let a parameter take text where no type says what it is");
+  add_flag(command, "--verbose", import->is_verbose,
+           "Name what changes nothing as well: titles, other spellings of types");
   return [import] { return import_tools(*import); };
 }
 

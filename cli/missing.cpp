@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,11 +26,9 @@ Run declare_missing(CLI::App& command) {
   const auto files = std::make_shared<Files>();
   add_registry_option(command, *files);
   add_lines_argument(command, *files, "REQUESTS");
-  command.footer(R"(A line: {"tool": "search", "action": "find", "arguments": {}}
+  add_words(command, R"(A line: {"tool": "search", "action": "find", "arguments": {}}
 Its answer: {"tool": "search", "missing": "search 'find' needs 'query'"}, or null there.
-An action that is left out or null stands for a call that runs none.
-
-)" + command.get_footer());
+An action that is left out or null stands for a call that runs none.)");
   return [files] { return answer_questions(*files, "missing", missing); };
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "observing.hpp"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <deque>
 #include <stdexcept>
@@ -66,13 +65,13 @@ class Looking {
 void add_recorded_requests(CLI::App& command, RecordedRequests& requests) {
   add_jobs_option(command, requests.jobs);
   add_colour_option(command, requests.colour);
-  command.add_option("REQUESTS", requests.paths, "Files of requests, a line each; - or nothing: standard input")
-      ->type_name("FILE");
+  add_values(command, "REQUESTS", requests.paths, "Files of requests, a line each; - or nothing: standard input",
+             "FILE");
 }
 
 void check_standard_input(const std::vector<std::string>& paths) {
   if (std::count(paths.begin(), paths.end(), standard_input) > 1) {
-    throw CLI::ValidationError("standard input is one file only: name the others by their paths");
+    throw WrongUsage("standard input is one file only: name the others by their paths");
   }
 }
 

@@ -27,7 +27,7 @@ struct RecordedRequests {
 /// Declares --jobs, --color and the requests.
 void add_recorded_requests(CLI::App& command, RecordedRequests& requests);
 
-/// Throws CLI::ValidationError when standard input is named twice.
+/// Throws WrongUsage when standard input is named twice.
 void check_standard_input(const std::vector<std::string>& paths);
 
 /// The paths to read, with standard input where none is named.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tool_binding/report/report.hpp"
 
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
 #include <vector>
@@ -73,10 +72,10 @@ ExitStatus show_report(const ReportOptions& options) {
 
 void check_options(const ReportOptions& options) {
   if (options.registry.empty() == options.merged.empty()) {
-    throw CLI::ValidationError("a report needs either --registry, and requests, or --merge");
+    throw WrongUsage("a report needs either --registry, and requests, or --merge");
   }
   if (!options.merged.empty() && !options.requests.paths.empty()) {
-    throw CLI::ValidationError("--merge adds reports: requests are read with --registry");
+    throw WrongUsage("--merge adds reports: requests are read with --registry");
   }
   std::vector<std::string> paths = options.merged;
   if (paths.empty()) {
@@ -90,14 +89,12 @@ void check_options(const ReportOptions& options) {
 
 Run declare_report(CLI::App& command) {
   const auto options = std::make_shared<ReportOptions>();
-  command.add_option("--registry", options->registry, "The file that declares the tools")->type_name("FILE");
-  command.add_option("--merge", options->merged, "Add reports that --json wrote, instead of reading requests")
-      ->type_name("FILE");
-  command.add_flag("--json", options->as_json, "Write the report for programs, and for --merge");
-  command.add_option("--html", options->html, "Write the report as a page for a browser, instead of text")
-      ->type_name("FILE");
+  add_value(command, "--registry", options->registry, "The file that declares the tools", "FILE");
+  add_values(command, "--merge", options->merged, "Add reports that --json wrote, instead of reading requests", "FILE");
+  add_flag(command, "--json", options->as_json, "Write the report for programs, and for --merge");
+  add_value(command, "--html", options->html, "Write the report as a page for a browser, instead of text", "FILE");
   add_recorded_requests(command, options->requests);
-  command.callback([options] { check_options(*options); });
+  add_check(command, [options] { check_options(*options); });
   return [options] { return show_report(*options); };
 }
 

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
 #include <vector>
@@ -76,20 +75,17 @@ Run declare_schema(CLI::App& command) {
   const auto question = std::make_shared<SchemaQuestion>();
   add_registry_option(command, question->files);
   const auto add_form = [&](const char* name, json::SchemaForm form, const char* purpose) {
-    return command.add_flag_callback(
-        name, [question, form] { question->form = form; }, purpose);
+    add_flag(
+        command, name, [question, form] { question->form = form; }, purpose);
   };
-  CLI::Option* const conditions =
-      add_form("--conditions", json::SchemaForm::conditions, "Add what each action needs as an allOf");
-  CLI::Option* const strict = add_form("--strict", json::SchemaForm::strict,
-                                       "For strict function calling: all required, null where one may be left out");
-  CLI::Option* const open =
-      add_form("--open", json::SchemaForm::open, "For clients that validate before they send: rules in descriptions");
-  conditions->excludes(strict)->excludes(open);
-  strict->excludes(open);
-  command.add_flag("--names", question->names_alone,
-                   "Show names alone: of the tools, or of the arguments of each TOOL");
-  command.add_option("TOOL", question->tools, "The tools to show; none: all of them");
+  add_form("--conditions", json::SchemaForm::conditions, "Add what each action needs as an allOf");
+  add_form("--strict", json::SchemaForm::strict,
+           "For strict function calling: all required, null where one may be left out");
+  add_form("--open", json::SchemaForm::open, "For clients that validate before they send: rules in descriptions");
+  let_exclude_each_other(command, {"--conditions", "--strict", "--open"});
+  add_flag(command, "--names", question->names_alone,
+           "Show names alone: of the tools, or of the arguments of each TOOL");
+  add_values(command, "TOOL", question->tools, "The tools to show; none: all of them");
   return [question] { return schema(*question); };
 }
 

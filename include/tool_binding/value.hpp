@@ -75,7 +75,7 @@ class Value {
 
   /// A list of `items`, in their order: std::vector<Value>.
   template <std::same_as<std::vector<Value>> Items>
-  Value(Items items) : cell_(list_of(std::move(items))) {}  // NOLINT(google-explicit-constructor)
+  Value(Items items) : cell_(list_of(std::span(items))) {}  // NOLINT(google-explicit-constructor)
   /// A mapping with the entries of `entries`, in their order: ArgumentMap.
   template <std::same_as<ArgumentMap> Entries>
   Value(Entries entries) : cell_(mapping_of(std::move(entries))) {}  // NOLINT(google-explicit-constructor)
@@ -97,6 +97,8 @@ class Value {
   /// A list, and a mapping, that is written out: `Value::mapping({{"limits", Value::list({1, 2.5})}})`.
   [[nodiscard]] static Value list(std::initializer_list<Value> items);
   [[nodiscard]] static Value mapping(std::initializer_list<ArgumentMap::Entry> entries);
+  /// The same of items that are moved from, wherever they are.
+  [[nodiscard]] static Value list_of_moved(std::span<Value> items) { return Value(list_of(items)); }
 
   Value(const Value&) noexcept = default;
   Value(const Value& other, detail::WithoutNodes known) noexcept : cell_(other.cell_, known) {}
@@ -199,8 +201,9 @@ class Value {
                                    Kind::text,    Kind::integer,  Kind::list, Kind::mapping, Kind::null};
 
   explicit Value(const detail::Cell& cell) noexcept : cell_(cell) {}
+  explicit Value(detail::Cell&& cell) noexcept : cell_(std::move(cell)) {}
 
-  static detail::Cell list_of(std::vector<Value>&& items);
+  static detail::Cell list_of(std::span<Value> items);
   static detail::Cell mapping_of(ArgumentMap&& entries);
 
   void require(bool holds, Kind wanted) const {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdint>
 #include <limits>
@@ -11,8 +12,13 @@ namespace tool_binding::json {
 
 namespace {
 
-/// Integers of this many bytes, a minus sign included, fit 64 bits whatever their digits.
-constexpr std::size_t surely_small = 18;
+/// Integers of this many digits fit 64 bits, and those of that many are doubles.
+constexpr std::size_t digits_of_any_integer = std::numeric_limits<std::int64_t>::digits10;
+constexpr std::size_t digits_of_any_double = std::numeric_limits<double>::digits10;
+
+/// The powers of ten that are doubles, as far as digits before or behind a point ask for them.
+constexpr std::array<double, digits_of_any_double + 1> powers_of_ten = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                                        1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
 /// Takes the parts of a number in their order from the front of a token.
 class NumberParts {
@@ -35,8 +41,8 @@ class NumberParts {
     if (!at_digit()) {
       fail("a digit is missing");
     }
-    while (at_digit()) {
-      ++taken_;
+    for (; at_digit(); ++taken_, ++digits_) {
+      number_ = 10 * number_ + static_cast<std::uint64_t>(spelling_[taken_] - '0');
     }
   }
 
@@ -47,6 +53,10 @@ class NumberParts {
       fail("no digit may follow a leading zero");
     }
   }
+
+  /// How many digits were taken, but for a leading zero, and the number that they make as far as it fits 64 bits.
+  [[nodiscard]] std::size_t digits() const noexcept { return digits_; }
+  [[nodiscard]] std::uint64_t number() const noexcept { return number_; }
 
   [[noreturn]] void fail(std::string_view words) const { tokens_.fail(begin_ + taken_, words); }
 
@@ -59,15 +69,16 @@ class NumberParts {
   std::size_t begin_;
   std::string_view spelling_;
   std::size_t taken_ = 0;
+  std::size_t digits_ = 0;
+  std::uint64_t number_ = 0;
 };
 
-Value integer_of(std::string_view spelling) {
-  if (spelling.size() > surely_small) {
-    return Integer::from_decimal(spelling);
+Value integer_of(const NumberParts& parts, bool is_negative) {
+  if (parts.digits() > digits_of_any_integer) {
+    return Integer::from_decimal(parts.spelling());
   }
-  std::int64_t value = 0;
-  std::from_chars(spelling.data(), spelling.data() + spelling.size(), value);
-  return value;
+  const auto number = static_cast<std::int64_t>(parts.number());
+  return is_negative ? -number : number;
 }
 
 /// The exponent behind "e", one of more than 64 bits being clamped.
@@ -108,13 +119,19 @@ double double_of(std::string_view spelling) noexcept {
 
 Value read_number(const Tokens& tokens, std::size_t token) {
   NumberParts parts(tokens, token);
-  parts.take('-');
+  const bool is_negative = parts.take('-');
   parts.take_integer_part();
   if (parts.at_end()) {
-    return integer_of(parts.spelling());
+    return integer_of(parts, is_negative);
   }
+  const std::size_t whole_digits = parts.digits();
   if (parts.take('.')) {
     parts.take_digits();
+    if (parts.at_end() && parts.digits() <= digits_of_any_double && detail::rounds_to_nearest()) {
+      // Both are doubles, so that their quotient is rounded once, to the double nearest to what was written.
+      const double number = static_cast<double>(parts.number()) / powers_of_ten[parts.digits() - whole_digits];
+      return is_negative ? -number : number;
+    }
   }
   if (parts.take('e') || parts.take('E')) {
     if (!parts.take('-')) {

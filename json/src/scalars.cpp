@@ -14,14 +14,14 @@ struct Word {
 };
 
 const Word* find_word(std::string_view spelling) {
-  static const std::array<Word, 6> words{{{"null", nullptr},
-                                          {"true", true},
+  static const std::array<Word, 6> words{{{"true", true},
                                           {"false", false},
+                                          {"null", nullptr},
                                           {"NaN", std::numeric_limits<double>::quiet_NaN()},
                                           {"Infinity", std::numeric_limits<double>::infinity()},
                                           {"-Infinity", -std::numeric_limits<double>::infinity()}}};
   for (const Word& word : words) {
-    if (word.spelling == spelling) {
+    if (word.spelling.front() == spelling.front() && word.spelling == spelling) {
       return &word;
     }
   }

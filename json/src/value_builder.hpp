@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <iterator>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -46,11 +45,7 @@ class ValueBuilder {
     values_.emplace_back(std::forward<Content>(content));
   }
 
-  void close_list() {
-    const auto first = values_.begin() + static_cast<std::ptrdiff_t>(opened_.back().value);
-    Value list(std::vector<Value>(std::make_move_iterator(first), std::make_move_iterator(values_.end())));
-    close_with(std::move(list));
-  }
+  void close_list() { close_with(Value::list_of_moved(std::span(values_).subspan(opened_.back().value))); }
 
   void close_mapping() {
     const std::span<Text> names = std::span(names_).subspan(opened_.back().name);

@@ -16,6 +16,7 @@
 
 #include "tool_binding/detail/assert.hpp"
 #include "tool_binding/detail/code_points.hpp"
+#include "tool_binding/detail/floating_form.hpp"
 
 namespace tool_binding::json {
 
@@ -246,7 +247,9 @@ void Writer::append_floating(const Value& value) {
   } else if (std::isinf(number)) {
     append_word(number < 0 ? "-Infinity" : "Infinity");
   } else {
-    append_word(plain_form(value));
+    make_room(comma.size() + detail::longest_floating_form);
+    separate();
+    end_ = detail::write_floating_form(end_, number);
   }
 }
 

@@ -48,8 +48,7 @@ Value _string(const Value& value) {
 
 Value _array(const Value& value) {
   if (value.is_text()) {
-    auto items = types::read_csv(value.text());
-    return items ? Value(*std::move(items)) : Value();
+    return types::read_csv(value.text()).value_or(Value());
   }
   return {};
 }

@@ -2,10 +2,12 @@
 #include "types/text_values.hpp"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -130,15 +132,37 @@ std::optional<std::string> take_quoted(std::string_view& rest, const Notation& n
   }
 }
 
-/// Takes the item at the start of `rest`, without the comma after it, and appends it to `items` unless it is empty.
-bool take_item(std::string_view& rest, const Notation& notation, std::vector<Value>& items) {
+/// The items of a list as they are read. As many as most lists have stand on the stack until the list is made of them.
+class Items {
+ public:
+  void add(std::string_view item) {
+    if (count_ < few_.size()) {
+      few_[count_++] = item;
+      return;
+    }
+    if (many_.empty()) {
+      many_.assign(std::make_move_iterator(few_.begin()), std::make_move_iterator(few_.end()));
+    }
+    many_.emplace_back(item);
+  }
+
+  [[nodiscard]] std::span<Value> all() noexcept { return many_.empty() ? std::span(few_).first(count_) : many_; }
+
+ private:
+  std::array<Value, 8> few_;
+  std::size_t count_ = 0;
+  std::vector<Value> many_;
+};
+
+/// Takes the item at the start of `rest`, without the comma after it, and adds it to `items` unless it is empty.
+bool take_item(std::string_view& rest, const Notation& notation, Items& items) {
   rest = text::strip_start(rest);
   if (!rest.empty() && notation.quotes.find(rest.front()) != std::string_view::npos) {
     const std::optional<std::string> item = take_quoted(rest, notation);
     if (!item) {
       return false;
     }
-    items.emplace_back(*item);
+    items.add(*item);
     rest = text::strip_start(rest);
     return rest.empty() || rest.front() == ',';
   }
@@ -148,27 +172,33 @@ bool take_item(std::string_view& rest, const Notation& notation, std::vector<Val
     if (notation.refused_beginnings.find(item.front()) != std::string_view::npos) {
       return false;
     }
-    items.emplace_back(item);
+    items.add(item);
   }
   rest.remove_prefix(end);
   return true;
 }
 
-std::optional<std::vector<Value>> read_items(std::string_view rest, const Notation& notation) {
-  std::vector<Value> items;
+/// Whether `rest` is a list in that notation, which has then been added to `items`.
+bool take_items(std::string_view rest, const Notation& notation, Items& items) {
   if (text::is_blank(rest)) {
-    return items;
+    return true;
   }
-  items.reserve(static_cast<std::size_t>(std::count(rest.begin(), rest.end(), ',')) + 1);
   for (;;) {
     if (!take_item(rest, notation, items)) {
-      return std::nullopt;
+      return false;
     }
     if (rest.empty()) {
-      return items;
+      return true;
     }
     rest.remove_prefix(1);
   }
+}
+
+bool take_list(std::string_view text, Items& items) {
+  const std::string_view list = text::strip(text);
+  const bool bracketed = list.starts_with('[') && list.ends_with(']');
+  return bracketed ? take_items(list.substr(1, list.size() - 2), by_programs, items)
+                   : take_items(list, by_people, items);
 }
 
 }  // namespace
@@ -180,10 +210,9 @@ std::optional<bool> read_bool(std::string_view text) {
   return row == std::end(truth_words) ? std::nullopt : std::optional(row->value);
 }
 
-std::optional<std::vector<Value>> read_csv(std::string_view text) {
-  const std::string_view list = text::strip(text);
-  const bool bracketed = list.starts_with('[') && list.ends_with(']');
-  return bracketed ? read_items(list.substr(1, list.size() - 2), by_programs) : read_items(list, by_people);
+std::optional<Value> read_csv(std::string_view text) {
+  Items items;
+  return take_list(text, items) ? std::optional(Value::list_of_moved(items.all())) : std::nullopt;
 }
 
 }  // namespace tool_binding::types
@@ -201,11 +230,12 @@ bool parse_bool(std::string_view text) {
 }
 
 std::vector<Value> split_csv(std::string_view text) {
-  std::optional<std::vector<Value>> items = types::read_csv(text);
-  if (!items) {
+  types::Items items;
+  if (!types::take_list(text, items)) {
     throw ValueError("the text is not a list: a quoted or nested item is not closed or cannot be read");
   }
-  return std::move(*items);
+  const std::span<Value> all = items.all();
+  return {std::make_move_iterator(all.begin()), std::make_move_iterator(all.end())};
 }
 
 }  // namespace tool_binding

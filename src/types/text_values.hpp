@@ -3,7 +3,6 @@
 
 #include <optional>
 #include <string_view>
-#include <vector>
 
 #include "tool_binding/value.hpp"
 
@@ -15,6 +14,6 @@ namespace tool_binding::types {
 [[nodiscard]] std::optional<bool> read_bool(std::string_view text);
 
 /// What `split_csv` returns, nothing for a text that it refuses.
-[[nodiscard]] std::optional<std::vector<Value>> read_csv(std::string_view text);
+[[nodiscard]] std::optional<Value> read_csv(std::string_view text);
 
 }  // namespace tool_binding::types

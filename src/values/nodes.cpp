@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "values/nodes.hpp"
 
+#include <memory>
 #include <new>
+#include <span>
 
 namespace tool_binding::detail {
 
@@ -15,6 +17,12 @@ TextNode* new_text_node(std::size_t size) {
 TextNode* new_text_node(std::string_view text) {
   TextNode* const node = new_text_node(text.size());
   std::memcpy(node->data(), text.data(), text.size());
+  return node;
+}
+
+ListNode* new_list_node(std::span<Value> items) {
+  auto* const node = new (::operator new(sizeof(ListNode) + items.size_bytes())) ListNode(items.size());
+  std::uninitialized_move(items.begin(), items.end(), node->items());
   return node;
 }
 
@@ -34,10 +42,12 @@ struct NodeAccess {
 
  private:
   static void destroy(ListNode* node, ContainerNode*& pending) noexcept {
-    for (Value& item : node->items) {
+    for (Value& item : std::span(node->items(), node->size)) {
       detach(item.cell_, pending);
     }
-    delete node;
+    std::destroy_n(node->items(), node->size);
+    node->~ListNode();
+    ::operator delete(node);
   }
 
   static void destroy(MappingNode* node, ContainerNode*& pending) noexcept {

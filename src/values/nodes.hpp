@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <span>
 #include <utility>
-#include <vector>
 
 #include "tool_binding/detail/item_type.hpp"
 #include "tool_binding/value.hpp"
@@ -21,11 +21,18 @@ struct ContainerNode : Node {
   explicit ContainerNode(Tag kind) noexcept : tag(kind) {}
 };
 
+/// A list: its items follow the head, in the same block.
 struct ListNode : ContainerNode {
-  std::vector<Value> items;
+  std::size_t size;
 
-  explicit ListNode(std::vector<Value>&& held) noexcept : ContainerNode(Tag::list_node), items(std::move(held)) {}
+  explicit ListNode(std::size_t item_count) noexcept : ContainerNode(Tag::list_node), size(item_count) {}
+  [[nodiscard]] Value* items() noexcept { return reinterpret_cast<Value*>(this + 1); }
+  [[nodiscard]] const Value* items() const noexcept { return reinterpret_cast<const Value*>(this + 1); }
 };
+static_assert(sizeof(ListNode) % alignof(Value) == 0);
+
+/// A node of these items, which are moved from; count 1.
+[[nodiscard]] ListNode* new_list_node(std::span<Value> items);
 
 struct MappingNode : ContainerNode {
   ArgumentMap entries;

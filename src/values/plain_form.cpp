@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 
+#include "tool_binding/detail/floating_form.hpp"
 #include "tool_binding/detail/rounding.hpp"
 #include "values/forms.hpp"
 
@@ -15,32 +18,30 @@ namespace {
 constexpr double exponent_from = 1e16;
 constexpr double exponent_below = 1e-4;
 
-/// As long as the longest double in either layout, with room to spare.
-constexpr std::size_t longest_double = 32;
-
-/// Appends the numbers that people write, of up to three decimal places, at a tenth of what the others cost. Returns
-/// whether `number` is one. A decimal of up to 15 digits that reads back as the same double is the only one so short;
-/// the comparison that tells it holds where the quotient is rounded to nearest.
-bool append_everyday_number(TextBuilder& out, double number) {
+/// Writes the numbers that people write, of up to three decimal places, at a tenth of what the others cost. Returns the
+/// end, null where `number` is not one. A decimal of up to 15 digits that reads back as the same double is the only one
+/// so short; the comparison that tells it holds where the quotient is rounded to nearest.
+char* write_everyday_number(char* out, double number) noexcept {
   constexpr double few_digits = 1e9;
   constexpr double half = 0.5;
   if (std::signbit(number) || !(number < few_digits) || !detail::rounds_to_nearest()) {
-    return false;
+    return nullptr;
   }
+  char* const limit = out + detail::longest_floating_form;
   for (std::int64_t scale = 1; scale <= 1000; scale *= 10) {
     const auto units = static_cast<std::int64_t>(number * static_cast<double>(scale) + half);
     if (static_cast<double>(units) / static_cast<double>(scale) == number) {
-      char buffer[longest_double];
-      char* const point = std::to_chars(buffer, buffer + sizeof buffer, units / scale).ptr;
+      char* const point = std::to_chars(out, limit, units / scale).ptr;
       const std::int64_t decimals = scale == 1 ? 10 : scale + units % scale;  // after a 1, where the point will be
-      const char* const end = std::to_chars(point, buffer + sizeof buffer, decimals).ptr;
+      char* const end = std::to_chars(point, limit, decimals).ptr;
       *point = '.';
-      out.append({buffer, static_cast<std::size_t>(end - buffer)});
-      return true;
+      return end;
     }
   }
-  return false;
+  return nullptr;
 }
+
+char* copy(std::string_view piece, char* out) noexcept { return std::copy(piece.begin(), piece.end(), out); }
 
 }  // namespace
 
@@ -64,24 +65,24 @@ void append_plain_form(TextBuilder& out, const Value& value) {
 }
 
 void append_floating(TextBuilder& out, double number) {
-  if (append_everyday_number(out, number)) {
-    return;
+  std::array<char, detail::longest_floating_form> form;
+  const char* const end = detail::write_floating_form(form.data(), number);
+  out += std::string_view(form.data(), static_cast<std::size_t>(end - form.data()));
+}
+
+char* detail::write_floating_form(char* out, double number) noexcept {
+  if (char* const end = write_everyday_number(out, number)) {
+    return end;
   }
   if (!std::isfinite(number)) {
-    out += std::isnan(number) ? "nan" : number < 0 ? "-inf" : "inf";
-    return;
+    return copy(std::isnan(number) ? "nan" : number < 0 ? "-inf" : "inf", out);
   }
   const double magnitude = std::fabs(number);
   const bool in_full = magnitude == 0 || (magnitude >= exponent_below && magnitude < exponent_from);
-  char buffer[longest_double];
-  const char* const end = std::to_chars(buffer, buffer + sizeof buffer, number,
-                                        in_full ? std::chars_format::fixed : std::chars_format::scientific)
-                              .ptr;
-  const std::string_view digits(buffer, static_cast<std::size_t>(end - buffer));
-  out += digits;
-  if (in_full && digits.find('.') == std::string_view::npos) {
-    out += ".0";
-  }
+  char* const end = std::to_chars(out, out + longest_floating_form, number,
+                                  in_full ? std::chars_format::fixed : std::chars_format::scientific)
+                        .ptr;
+  return in_full && std::find(out, end, '.') == end ? copy(".0", end) : end;
 }
 
 }  // namespace tool_binding

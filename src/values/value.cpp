@@ -2,6 +2,7 @@
 #include "tool_binding/value.hpp"
 
 #include <array>
+#include <iterator>
 #include <utility>
 
 #include "tool_binding/errors.hpp"
@@ -24,12 +25,8 @@ constexpr std::size_t longest_shown = 60;
 /// The node as a cell keeps it: a pointer to its head.
 detail::Node* head(detail::Node* node) noexcept { return node; }
 
-/// The content of a node, moved where no other cell refers to the node.
-template <class Node, class Content>
-Content content_of(Node& node, Content Node::*content) {
-  const bool is_shared = node.count.load(std::memory_order_acquire) != 1;
-  return is_shared ? node.*content : std::move(node.*content);
-}
+/// Whether another cell refers to the node: if none does, its content can be moved.
+bool is_shared(const detail::Node& node) noexcept { return node.count.load(std::memory_order_acquire) != 1; }
 
 using Pair = std::pair<const Value*, const Value*>;
 
@@ -95,9 +92,7 @@ bool same_containers(const Value& left, const Value& right, std::vector<Pair>& l
 
 std::string_view kind_words(Kind kind) noexcept { return words_of_kinds[static_cast<std::size_t>(kind)]; }
 
-detail::Cell Value::list_of(std::vector<Value>&& items) {
-  return {Tag::list_node, head(new detail::ListNode(std::move(items)))};
-}
+detail::Cell Value::list_of(std::span<Value> items) { return {Tag::list_node, head(detail::new_list_node(items))}; }
 
 detail::Cell Value::mapping_of(ArgumentMap&& entries) {
   return {Tag::mapping_node, head(new detail::MappingNode(std::move(entries)))};
@@ -118,13 +113,17 @@ void Value::throw_wrong_kind(Kind wanted) const {
 
 std::span<const Value> Value::list() const& {
   require(is_list(), Kind::list);
-  return static_cast<const detail::ListNode*>(cell_.node())->items;
+  const auto* const node = static_cast<const detail::ListNode*>(cell_.node());
+  return {node->items(), node->size};
 }
 
 std::vector<Value> Value::list() && {
   require(is_list(), Kind::list);
   const Value taken = std::move(*this);
-  return content_of(*static_cast<detail::ListNode*>(taken.cell_.node()), &detail::ListNode::items);
+  auto& node = *static_cast<detail::ListNode*>(taken.cell_.node());
+  const std::span items(node.items(), node.size);
+  return is_shared(node) ? std::vector<Value>(items.begin(), items.end())
+                         : std::vector<Value>(std::move_iterator(items.begin()), std::move_iterator(items.end()));
 }
 
 const ArgumentMap& Value::mapping() const& {
@@ -135,7 +134,8 @@ const ArgumentMap& Value::mapping() const& {
 ArgumentMap Value::mapping() && {
   require(is_mapping(), Kind::mapping);
   const Value taken = std::move(*this);
-  return content_of(*static_cast<detail::MappingNode*>(taken.cell_.node()), &detail::MappingNode::entries);
+  auto& node = *static_cast<detail::MappingNode*>(taken.cell_.node());
+  return is_shared(node) ? node.entries : std::move(node.entries);
 }
 
 bool operator==(const Value& left, const Value& right) {

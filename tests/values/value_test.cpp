@@ -86,9 +86,11 @@ TEST(Value, HandsOutTheContentOfATemporaryAsAnObject) {
                 std::same_as<decltype(std::move(shared).mapping().at("list")), Value>);
   EXPECT_EQ(std::move(shared).mapping(), kept.mapping());
   EXPECT_TRUE(shared.is_null());  // NOLINT(bugprone-use-after-move): as whatever is moved from
-  Value alone = Value::list({long_text});
-  const Value* const items = alone.list().data();
-  EXPECT_EQ(std::move(alone).list().data(), items);
+  Value alone = Value::mapping({{"text", long_text}});
+  const auto* const entry = &*alone.mapping().begin();
+  const ArgumentMap entries = std::move(alone).mapping();
+  EXPECT_EQ(&*entries.begin(), entry);
+  EXPECT_EQ(Value::list({long_text, 5}).list(), (List{long_text, 5}));
   EXPECT_EQ(Value(long_text).text(), long_text);
 }
 
