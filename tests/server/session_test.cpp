@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "tool_binding/json/reader.hpp"
+#include "tool_binding/json/writer.hpp"
 #include "tool_binding/registry_check.hpp"
 #include "tool_binding/server/server.hpp"
 
@@ -163,6 +164,33 @@ TEST(ServerSession, gives_a_call_under_the_handlers_own_name_for_it) {
   const std::string answer =
       session.answer(request("1", "tools/call", R"("name": "try", "arguments": {"call": "an argument"})")).at(0);
   EXPECT_NE(answer.find("\"an argument\""), std::string::npos) << answer;
+}
+
+TEST(ServerSession, advertises_schemas_of_the_form_that_the_daemon_chooses) {
+  const auto advertised = [](const Options& options) {
+    const Server server({.name = "s", .version = "1"},
+                        {{.tool = {.name = "try",
+                                   .params = {{.name = "kind", .type = "string", .enum_ = {"file", "line"}},
+                                              {.name = "limit", .type = "integer", .minimum = 1, .maximum = 100},
+                                              {.name = "deep", .type = "boolean", .description = "Below it too."},
+                                              {.name = "paths", .type = "array"}}},
+                          .handler = handler([](const KeywordArguments&) { return "done"; }, rest())}},
+                        options);
+    const Value answer = json::read(Session(server).answer(request("1", "tools/list", R"("a": 1)")).at(0));
+    const Value& tools = answer.mapping().at("result").mapping().at("tools");
+    return json::write(tools.list()[0].mapping().at("inputSchema"));
+  };
+  EXPECT_EQ(advertised({}),
+            R"({"type": "object", "properties": {"kind": {"type": "string", "enum": ["file", "line"]}, )"
+            R"("limit": {"type": "integer", "minimum": 1, "maximum": 100}, )"
+            R"("deep": {"type": "boolean", "description": "Below it too."}, )"
+            R"("paths": {"type": "array", "items": {}}}, "additionalProperties": false})");
+  EXPECT_EQ(advertised({.schemas = json::SchemaForm::open}),
+            R"({"type": "object", "properties": )"
+            R"({"kind": {"type": ["string", "number", "null"], "description": "One of: \"file\", \"line\"."}, )"
+            R"("limit": {"type": ["integer", "string", "null"], "description": "From 1 to 100."}, )"
+            R"("deep": {"type": ["boolean", "string", "integer", "null"], "description": "Below it too."}, )"
+            R"("paths": {"type": ["array", "string", "null"], "items": {}}}})");
 }
 
 }  // namespace tool_binding::server
