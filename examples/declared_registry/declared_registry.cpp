@@ -39,7 +39,7 @@ int main() {
       std::cout << "warning: " << warning.place << ": " << warning.words << '\n';
     }
     const tb::ArgumentMap admitted = tb::normalize_arguments("search", {{"q", "open_index"}}).arguments();
-    const tb::Handler& handler = *handlers.find("search");
+    const tb::Handler& handler = handlers.at("search");
     std::cout << handler.function(tb::handler_kwargs(handler, tb::bind_arguments("search", admitted), {})).text()
               << '\n';
   } catch (const tb::RegistryError& error) {

@@ -20,7 +20,7 @@ Json answer(const Handlers& handlers, const Json& request) {
     const std::string tool = request.at("name");
     const NormalizedArguments admitted =
         normalize_arguments(tool, nlohmann_json::to_arguments(request.at("arguments")));
-    const Handler& handler = *handlers.find(tool);
+    const Handler& handler = handlers.at(tool);
     const KeywordArguments keywords = handler_kwargs(handler, bind_arguments(tool, admitted.arguments()), {});
     return {{"result", Json(handler.function(keywords))}, {"notes", admitted.notes()}};
   } catch (const ArgumentError& refusal) {

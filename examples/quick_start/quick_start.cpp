@@ -24,7 +24,7 @@ int main() {
           .handler = handler(search, argument<std::string_view>("query"), argument<int>("limit"),
                              item<const std::string>("repository"))}},
       context);
-  const Handler& answering = *handlers.find("search");
+  const Handler& answering = handlers.at("search");
   for (const ArgumentMap& sent : {ArgumentMap{{"q", "open_index"}, {"limit", "500"}}, ArgumentMap{{"limt", 5}}}) {
     const PreparedCall call = prepare_call("search", answering, sent, context);
     for (const std::string& note : call.notes()) {
