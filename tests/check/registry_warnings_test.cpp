@@ -23,6 +23,13 @@ std::string warnings_of(const ToolDeclaration& tool) {
   return lines_for(registry_warnings(std::vector<RegistryEntry>{{tool, {.signature = any_keyword, .function = {}}}}));
 }
 
+TEST(RegistryFindings, AreErrorsUpToTheWarnings) {
+  using Kind = RegistryFinding::Kind;
+  for (auto kind = Kind::shape; kind <= Kind::unusual_size; kind = static_cast<Kind>(static_cast<int>(kind) + 1)) {
+    EXPECT_EQ(is_error(kind), kind < Kind::crossed_bounds) << static_cast<int>(kind);
+  }
+}
+
 TEST(RegistryWarnings, DoubtWhatCommonClientsRefuse) {
   const auto numbered = [](std::size_t count) {
     std::vector<ParamSpec> params;

@@ -136,6 +136,9 @@ TEST(ImportTools, BringsBackWhatWasAdvertised) {
   std::vector<RegistryEntry> entries(registry.entries().begin(), registry.entries().end());
   ASSERT_FALSE(entries.empty());
   EXPECT_EQ(registry_value(RegistryFile(write(registry_value(entries))).entries()), registry_value(entries));
+  const std::string_view handled = R"({"tools": [{"name": "t", "handler": {"parameters": [{"name": "query"}, )"
+                                   R"({"name": "rest", "kind": "VAR_KEYWORD"}]}}]})";
+  EXPECT_EQ(write(registry_value(RegistryFile(handled).entries())), handled);
   const std::vector<RegistryEntry> declared = entries;
   forget_what_no_schema_says(entries);
   for (const SchemaForm form : {SchemaForm::common, SchemaForm::conditions}) {
