@@ -24,7 +24,7 @@ run() { # each program prints the refusal of one request
 expect_files() { # PREFIX
   local file
   for file in include/tool_binding/tool_binding.hpp include/tool_binding/json/reader.hpp \
-    include/tool_binding/server/server.hpp \
+    include/tool_binding/report/report.hpp include/tool_binding/server/server.hpp \
     share/man/man1/tool-binding.1* share/bash-completion/completions/tool-binding \
     share/zsh/site-functions/_tool-binding share/fish/vendor_completions.d/tool-binding.fish; do
     compgen -G "$1/$file" >/dev/null || { say "missing: $file"; exit 1; }
@@ -40,20 +40,15 @@ expect_files() { # PREFIX
 with_find_package() { # PREFIX KIND
   cmake -S "$here/consumer" -B "$scratch/build_$2" "${options[@]}" -DCMAKE_PREFIX_PATH="$1" >/dev/null
   cmake --build "$scratch/build_$2"
-  run "$scratch/build_$2"/with_{tool_binding,json,server,nlohmann}
+  run "$scratch/build_$2"/with_{tool_binding,json,report,server,nlohmann}
 }
 
 with_pkg_config() { # PREFIX NAME
-  local prefix=$1 name=$2 json=()
-  case $name in
-  tool_binding_json) json=(-DWITH_JSON) ;;
-  tool_binding_server) json=(-DWITH_SERVER) ;;
-  tool_binding_nlohmann) json=(-DWITH_NLOHMANN) ;;
-  esac
-  local flags
+  local prefix=$1 name=$2 part flags
+  part=${name#tool_binding} # "_json", or nothing
   flags=$(PKG_CONFIG_PATH=$prefix/lib/pkgconfig pkg-config --cflags --libs "$name")
   # shellcheck disable=SC2086  # the flags are words
-  "$cxx" -std=c++20 "${json[@]}" "$here/consumer/main.cpp" $flags -Wl,-rpath,"$prefix/lib" -o "$scratch/build_pkg_config"
+  "$cxx" -std=c++20 "-DWITH${part^^}" "$here/consumer/main.cpp" $flags -Wl,-rpath,"$prefix/lib" -o "$scratch/build_pkg_config"
   run "$scratch/build_pkg_config"
 }
 
@@ -63,6 +58,7 @@ expect_files "$scratch/static"
 with_find_package "$scratch/static" static
 say "installed static, pkg-config"
 with_pkg_config "$scratch/static" tool_binding_json
+with_pkg_config "$scratch/static" tool_binding_report
 with_pkg_config "$scratch/static" tool_binding_server
 with_pkg_config "$scratch/static" tool_binding_nlohmann
 say "installed static, without simdjson"
@@ -77,7 +73,7 @@ say "add_subdirectory, shared"
 cmake -S "$here/consumer" -B "$scratch/subdirectory" "${options[@]}" -DWAY=subdirectory -DCMAKE_INSTALL_LIBDIR=lib \
   -DTOOL_BINDING_SOURCE="$source_tree" -DCMAKE_UNITY_BUILD=ON -DCMAKE_UNITY_BUILD_BATCH_SIZE=0 >/dev/null
 cmake --build "$scratch/subdirectory"
-run "$scratch"/subdirectory/with_{tool_binding,json,server,nlohmann}
+run "$scratch"/subdirectory/with_{tool_binding,json,report,server,nlohmann}
 
 say "installed shared, find_package"
 cmake --install "$scratch/subdirectory" --prefix "$scratch/shared" >/dev/null
@@ -101,7 +97,7 @@ if command -v dpkg-shlibdeps >/dev/null; then
 fi
 
 say "a shared library shows what its public headers declare"
-if grep -rL 'GCC visibility push(default)' "$source_tree"/include "$source_tree"/{json,server}/include | grep .; then
+if grep -rL 'GCC visibility push(default)' "$source_tree"/include "$source_tree"/{json,report,server}/include | grep .; then
   say "these headers show nothing"
   exit 1
 fi

@@ -7,6 +7,9 @@
 #include "tool_binding/json/parse_error.hpp"
 #include "tool_binding/json/registry_file.hpp"
 #endif
+#ifdef WITH_REPORT
+#include "tool_binding/report/report.hpp"
+#endif
 #ifdef WITH_SERVER
 #include "tool_binding/server/server.hpp"
 #endif
@@ -43,6 +46,11 @@ int main() {
   }
 #else
   TOOLS.add({.name = "search", .params = {{.name = "limit", .type = "integer"}}});
+#endif
+#ifdef WITH_REPORT
+  if (report::report_of(report::report_value(report::Report(TOOLS))).tools.size() != 1) {
+    return std::puts("a report lost its tool") >= 0 ? 1 : 2;
+  }
 #endif
   try {
 #ifdef WITH_NLOHMANN
