@@ -56,6 +56,14 @@ void CallerLink::close() {
   is_closed_ = true;
 }
 
+void CallerLink::close(const std::function<void()>& last) {
+  const std::lock_guard lock(mutex_);
+  if (!is_closed_) {
+    is_closed_ = true;
+    last();
+  }
+}
+
 void CallerLink::progress(double done, std::optional<double> total, std::string_view message) {
   const std::lock_guard lock(mutex_);  // held while it is sent, so that none comes after the answer
   if (is_closed_ || !is_due(done, total)) {

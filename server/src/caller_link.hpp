@@ -4,6 +4,7 @@
 #include <atomic>
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -46,6 +47,8 @@ class CallerLink {
 
   /// From here on nothing reaches the caller.
   void close();
+  /// The same for one that is open, and then `last`, for which others that close it wait.
+  void close(const std::function<void()>& last);
   /// Tells the handler. Not to be called with a lock that a stop callback of the handler's might want.
   void request_stop() { stop_.request_stop(); }
 

@@ -133,7 +133,10 @@ Share::~Share() {
 }
 
 Conversation::Conversation(std::shared_ptr<const Core> core, Session::Send send, std::shared_ptr<Runner> runner)
-    : core_(std::move(core)), send_(std::move(send)), runner_(std::move(runner)) {}
+    : core_(std::move(core)),
+      send_(std::move(send)),
+      runner_(std::move(runner)),
+      deadlines_(core_->limits().call_time) {}
 
 const Version& Conversation::session_version() const noexcept {
   const Version* const agreed = agreed_.load();
@@ -412,14 +415,16 @@ std::shared_ptr<Running> Conversation::withdrawn(const std::string& key) {
   return running;
 }
 
-void Conversation::perform(Running& call) {
+void Conversation::perform(const std::shared_ptr<Running>& call) {
   std::string message;
   try {
-    message = result_message(call.id, result_of(call));
+    deadlines_.begin(call);
+    message = result_message(call->id, result_of(*call));
   } catch (const std::exception& failure) {
-    message = error_message(call.id, {ErrorCode::internal_error, failure.what()}, call.version);
+    message = error_message(call->id, {ErrorCode::internal_error, failure.what()}, call->version);
   }
-  finish(call, std::move(message));
+  deadlines_.end(*call);
+  finish(*call, std::move(message));
 }
 
 std::string Conversation::result_of(const Running& call) const {
@@ -435,19 +440,36 @@ std::string Conversation::result_of(const Running& call) const {
 /// Answers a call, unless it was cancelled: then its id may be another's by now.
 void Conversation::finish(Running& call, std::string message) {
   call.link->close();
-  bool is_cancelled = true;
-  {
-    const std::lock_guard lock(mutex_);
-    const auto found = under_way_.find(call.id.key);
-    if (found != under_way_.end() && found->second.get() == &call) {
-      under_way_.erase(found);
-      is_cancelled = false;
-    }
-  }
-  if (is_cancelled) {
-    call.reply.give_nothing();
-  } else {
+  if (has_withdrawn(call)) {
     call.reply.give(std::move(message));
+  } else if (!call.is_late) {
+    call.reply.give_nothing();
+  }
+}
+
+/// Takes a call out of those under way; false when it is none of them any more.
+bool Conversation::has_withdrawn(const Running& call) {
+  const std::lock_guard lock(mutex_);
+  const auto found = under_way_.find(call.id.key);
+  if (found == under_way_.end() || found->second.get() != &call) {
+    return false;
+  }
+  under_way_.erase(found);
+  return true;
+}
+
+/// The answer is given while the call cannot finish: whoever runs it may take what was answered once it has.
+void Conversation::expire(Running& call) {
+  call.link->close([&] {
+    if (has_withdrawn(call)) {
+      call.is_late = true;
+      const std::string words = std::string(call.tool->spec->name()) + " was cancelled: a call may take at most " +
+                                std::to_string(core_->limits().call_time.count()) + " ms";
+      call.reply.give(result_message(call.id, refused_call(*core_, words, call.version)));
+    }
+  });
+  if (call.is_late) {
+    call.link->request_stop();
   }
 }
 
@@ -494,7 +516,7 @@ void Conversation::cancel_calls() {
   for (const std::shared_ptr<Running>& call : calls) {
     call->link->request_stop();
     if (runner_->take_back(*call)) {
-      perform(*call);
+      perform(call);
     }
   }
 }

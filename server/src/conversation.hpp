@@ -13,6 +13,7 @@
 
 #include "caller_link.hpp"
 #include "core.hpp"
+#include "deadlines.hpp"
 #include "json_rpc.hpp"
 #include "tool_binding/json/reader.hpp"
 
@@ -43,6 +44,8 @@ class Share {
   Share& operator=(Share&&) = delete;
   ~Share();
 
+  [[nodiscard]] Conversation& conversation() const noexcept { return *conversation_; }
+
  private:
   std::shared_ptr<Conversation> conversation_;  ///< null once it is moved from
   std::size_t bytes_;
@@ -57,6 +60,7 @@ struct Running {
   const Tool* tool = nullptr;
   Value arguments = {};  ///< a mapping, or null for none
   std::shared_ptr<CallerLink> link = {};
+  bool is_late = false;  ///< it ran for too long, and is answered
 };
 
 /// Who runs calls, and when.
@@ -80,7 +84,10 @@ class Conversation : public std::enable_shared_from_this<Conversation> {
   void refuse_long_message(const Sink& sink);
 
   /// Runs a call and answers it, unless it was cancelled.
-  void perform(Running& call);
+  void perform(const std::shared_ptr<Running>& call);
+
+  /// Answers a call that runs for too long, and tells its handler; nothing when it is answered already.
+  void expire(Running& call);
 
   /// The client is gone: answers open subscriptions, then cancels calls. Those that did not run are answered as such.
   void end_subscriptions();
@@ -118,6 +125,7 @@ class Conversation : public std::enable_shared_from_this<Conversation> {
   [[nodiscard]] std::shared_ptr<Running> withdrawn(const std::string& key);
   [[nodiscard]] std::string result_of(const Running& call) const;
   void finish(Running& call, std::string message);
+  [[nodiscard]] bool has_withdrawn(const Running& call);
   void cancel(const std::string& key);
 
   const std::shared_ptr<const Core> core_;
@@ -131,6 +139,7 @@ class Conversation : public std::enable_shared_from_this<Conversation> {
   json::Reader reader_;
   std::mutex mutex_;
   std::map<std::string, std::shared_ptr<Running>> under_way_;  ///< by the keys of their ids
+  Deadlines deadlines_;
 };
 
 }  // namespace tool_binding::server::detail

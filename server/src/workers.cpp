@@ -6,7 +6,7 @@
 
 namespace tool_binding::server::detail {
 
-void InlineRunner::run(Conversation& conversation, std::shared_ptr<Running> call) { conversation.perform(*call); }
+void InlineRunner::run(Conversation& conversation, std::shared_ptr<Running> call) { conversation.perform(call); }
 
 bool InlineRunner::take_back(const Running& /*call*/) { return false; }
 
@@ -78,7 +78,7 @@ void Workers::work(std::size_t worker) {
     is_running_[worker] = true;
     ++running_;
     lock.unlock();
-    next.conversation->perform(*next.call);
+    next.conversation->perform(next.call);
     next = {};
     lock.lock();
     is_running_[worker] = false;

@@ -11,7 +11,8 @@
 
 #include "tool_binding/server/server.hpp"
 
-/// A server whose tools show what tools can do: what its tests talk with. `fixture [WORKERS]`.
+/// A server whose tools show what tools can do: what its tests talk with. `fixture [WORKERS [MILLISECONDS]]`, which one
+/// call may take.
 namespace {
 
 using namespace tool_binding;
@@ -119,7 +120,10 @@ int main(int count, char** words) {
   const Server server({.name = "fixture", .version = "1.2", .title = "The fixture", .instructions = "Call the tools."},
                       tools(),
                       {.workers = count > 1 ? std::stoul(words[1]) : 0,
-                       .limits = {.message_bytes = 100'000, .batch_messages = 4, .calls = 4},
+                       .limits = {.message_bytes = 100'000,
+                                  .batch_messages = 4,
+                                  .calls = 4,
+                                  .call_time = std::chrono::milliseconds(count > 2 ? std::stol(words[2]) : 0)},
                        .context = {{"root", KeywordArgument::context(root)}}});
   const std::size_t left = server.serve();
   std::_Exit(left == 0 ? 0 : 3);

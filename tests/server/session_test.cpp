@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <condition_variable>
 #include <latch>
 #include <mutex>
@@ -132,6 +133,33 @@ TEST(ServerSession, bounds_what_a_refusal_repeats) {
   }
   const std::string message = request("1", "tools/call", R"("name": "try", "arguments": {)" + arguments + "}");
   EXPECT_LT(session.answer(message).at(0).size(), 2U * 160 * 1024 + 1000);
+}
+
+TEST(ServerSession, answers_each_call_of_a_batch_that_takes_too_long) {
+  const Server server({.name = "s", .version = "1"},
+                      {{.tool = {.name = "try"},
+                        .handler = handler(
+                            [](Call& call) {
+                              std::mutex mutex;
+                              std::unique_lock lock(mutex);
+                              std::condition_variable_any().wait(lock, call.stop_token(), [] { return false; });
+                              return "told";
+                            },
+                            item<Call>("call"))}},
+                      {.limits = {.call_time = std::chrono::milliseconds(20)}});
+  Session session(server);
+  static_cast<void>(session.answer(
+      R"({"jsonrpc": "2.0", "id": 1, "method": "initialize", "params": {"protocolVersion": "2025-03-26"}})"));
+  const auto call = [](const std::string& id) {
+    return R"({"jsonrpc": "2.0", "id": )" + id + R"(, "method": "tools/call", "params": {"name": "try"}})";
+  };
+  const auto late = [](const std::string& id) {
+    return R"({"jsonrpc": "2.0", "id": )" + id +
+           R"(, "result": {"content": [{"type": "text", "text": "try was cancelled: a call may take at most 20 ms"}], )"
+           R"("isError": true}})";
+  };
+  EXPECT_EQ(session.answer("[" + call("2") + ", " + call("3") + "]"),
+            std::vector{"[" + late("2") + ", " + late("3") + "]"});
 }
 
 /// What a daemon declares wrongly is said when its server is made.

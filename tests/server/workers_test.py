@@ -13,8 +13,8 @@ patience = 30
 
 
 class Dialogue:
-    def __init__(self, workers):
-        self.server = subprocess.Popen([sys.argv[1], str(workers)], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+    def __init__(self, workers, call_time=0):
+        self.server = subprocess.Popen([sys.argv[1], str(workers), str(call_time)], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.say("initialize", "hello", protocolVersion="2025-11-25")
         self.hear("hello")
 
@@ -147,6 +147,23 @@ def or_given_up():
     expect(talk.end(), ([], 3))
 
 
+def a_call_that_takes_too_long_is_answered_while_its_handler_goes_on():
+    for workers, goes_on in ((1, True), (0, False)):
+        talk = Dialogue(workers, call_time=500)
+        began = time.monotonic()
+        talk.call(1, "wait", stubborn=goes_on, milliseconds=2500)
+        talk.call(1 if goes_on else 2, "plain")
+        if goes_on:
+            expect(talk.hear(1), "a request with this id is under way")
+        expect(talk.hear(1), "wait was cancelled: a call may take at most 500 ms")
+        assert time.monotonic() - began < 2.5, "it was answered when its handler was done"
+        talk.call(1, "wait", milliseconds=1)
+        if not goes_on:
+            expect(talk.hear(2), '{"text": "", "root": "context"}')
+        expect(talk.hear(1), "waited")
+        expect(talk.end(), ([], 0))
+
+
 def a_call_in_the_reading_thread_is_answered_before_the_next_is_read():
     talk = Dialogue(0)
     talk.call(1, "wait", milliseconds=50)
@@ -166,7 +183,7 @@ def nobody_reads_the_answers():
 
 
 for test in (answers_come_as_they_are_ready, a_cancelled_call_is_not_answered, a_batch_is_answered_when_its_last_call_is,
-             calls_are_bounded, what_runs_at_the_end_is_finished, or_cancelled, or_given_up,
+             calls_are_bounded, a_call_that_takes_too_long_is_answered_while_its_handler_goes_on, what_runs_at_the_end_is_finished, or_cancelled, or_given_up,
              a_call_in_the_reading_thread_is_answered_before_the_next_is_read, nobody_reads_the_answers):
     print(test.__name__, flush=True)
     signal.signal(signal.SIGPIPE, signal.SIG_IGN)

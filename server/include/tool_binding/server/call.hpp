@@ -31,8 +31,8 @@ class Call {
   /// A call that nobody listens to, and nobody cancels: for tests of handlers.
   Call() = default;
 
-  /// Requested when the caller cancels the call, and when the input has ended and there is no more time. To wait
-  /// with it, use std::condition_variable_any or std::stop_callback.
+  /// Requested when the caller cancels the call, when it has run for `Limits::call_time`, and when the input has ended
+  /// and there is no more time. To wait with it, use std::condition_variable_any or std::stop_callback.
   [[nodiscard]] std::stop_token stop_token() const noexcept;
   [[nodiscard]] bool is_cancelled() const noexcept { return stop_token().stop_requested(); }
 

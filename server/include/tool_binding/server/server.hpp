@@ -45,6 +45,9 @@ struct Limits {
   std::size_t refusal_bytes = 160UL * 1024;       ///< of the words and of the findings of one result
   std::size_t logs = 1000;                        ///< messages to the log from one call
   std::chrono::milliseconds progress_interval{100};
+  /// How long one call may run, 0 for any time. Then its handler is told that it is cancelled, and the caller gets an
+  /// error that says so.
+  std::chrono::milliseconds call_time{0};
   /// How long calls may go on when the input has ended, and how long those have to stop that are cancelled then. Common
   /// clients end a process that is still there after two seconds.
   std::chrono::milliseconds finishing{1000};
