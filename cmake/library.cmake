@@ -6,7 +6,7 @@ function(tool_binding_each_alone target)
 endfunction()
 
 # What the libraries have in common. Every header below `headers` is public: it is installed, and what it declares
-# between its visibility pragmas is all that a shared library shows.
+# with TOOL_BINDING_API is all that a shared library shows.
 function(tool_binding_library target headers)
   file(GLOB_RECURSE public_headers CONFIGURE_DEPENDS ${headers}/*.hpp)
   target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS ${headers} FILES ${public_headers})

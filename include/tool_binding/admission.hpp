@@ -9,12 +9,11 @@
 #include <utility>
 #include <vector>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/detail/lifetime.hpp"
 #include "tool_binding/text.hpp"
 #include "tool_binding/tool_registry.hpp"
 #include "tool_binding/value.hpp"
-
-#pragma GCC visibility push(default)
 
 /// The admission of a request as data.
 ///
@@ -26,7 +25,7 @@ namespace tool_binding {
 ///
 /// What does not apply to a kind is empty or null. A finding refers to the record of its tool, and lives as long as any
 /// copy of that record; the tools of a table live as long as the table.
-struct Finding {
+struct TOOL_BINDING_API Finding {
   enum class Kind : std::uint8_t {
     // notes
     synonym_read,         ///< an argument was read as the parameter that its name is a synonym of
@@ -59,7 +58,7 @@ struct Finding {
 };
 
 /// The stable snake_case word of a kind, such as "unknown_parameter". Lives as long as the process.
-[[nodiscard]] std::string_view word_of(Finding::Kind kind) noexcept;
+[[nodiscard]] TOOL_BINDING_API std::string_view word_of(Finding::Kind kind) noexcept;
 
 /// Whether findings of that kind refuse the request.
 [[nodiscard]] constexpr bool is_problem(Finding::Kind kind) noexcept {
@@ -68,7 +67,7 @@ struct Finding {
 
 /// Whether a request is admitted, and what was found of it. Refers to the record of its tool, as its findings do. One
 /// that is moved from has neither arguments nor findings.
-class Verdict {
+class TOOL_BINDING_API Verdict {
  public:
   /// Whether the request is admitted: it has no problems.
   [[nodiscard]] bool is_admitted() const noexcept { return !has_problems_; }
@@ -101,7 +100,7 @@ class Verdict {
 };
 
 /// What came of a request: the arguments as its tool's handler takes them, or the problems for which it is refused.
-class Admission : public Verdict {
+class TOOL_BINDING_API Admission : public Verdict {
  public:
   /// The arguments under their declared names and types, within their bounds, as `NormalizedArguments` has them. Of a
   /// refused request those that are no problem.
@@ -118,11 +117,9 @@ class Admission : public Verdict {
 /// KeyError for an argument of a parameter whose type word is none of the five, TypeError for one of a parameter with a
 /// bound that is not a number (both are faults of the declaration), and std::overflow_error for a number that no double
 /// can hold.
-[[nodiscard]] Admission admit(const ToolSpec& tool, const ArgumentMap& arguments);
+[[nodiscard]] TOOL_BINDING_API Admission admit(const ToolSpec& tool, const ArgumentMap& arguments);
 [[nodiscard]] inline Admission admit(std::string_view tool, const ArgumentMap& arguments) {
   return admit(TOOLS[tool], arguments);
 }
 
 }  // namespace tool_binding
-
-#pragma GCC visibility pop

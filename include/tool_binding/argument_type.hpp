@@ -15,10 +15,9 @@
 #include <utility>
 #include <vector>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/detail/item_type.hpp"
 #include "tool_binding/value.hpp"
-
-#pragma GCC visibility push(default)
 
 /// The C++ types as which a handler takes its arguments.
 ///
@@ -41,7 +40,7 @@ struct Enumerator {
 };
 
 /// A set of kinds of values.
-class Kinds {
+class TOOL_BINDING_API Kinds {
  public:
   template <std::same_as<Kind>... Each>
   explicit constexpr Kinds(Each... kinds) noexcept : bits_((0U | ... | bit(kinds))) {}
@@ -101,9 +100,9 @@ template <class Type>
 }
 
 /// The value of an integer between 2^63 and 2^64 - 1, none for any other.
-[[nodiscard]] std::optional<std::uint64_t> upper_half(const Value& integer);
+[[nodiscard]] TOOL_BINDING_API std::optional<std::uint64_t> upper_half(const Value& integer);
 /// The nearest double to a value that is an integer, none where it is beyond the largest.
-[[nodiscard]] std::optional<double> nearest_double(const Value& integer);
+[[nodiscard]] TOOL_BINDING_API std::optional<double> nearest_double(const Value& integer);
 
 template <class Number>
 concept IntegerType = std::integral<Number> && sizeof(Number) <= sizeof(std::int64_t) && !std::same_as<Number, bool> &&
@@ -119,7 +118,7 @@ concept Enumerated = std::is_enum_v<Type> && requires(Type value) {
 
 /// The one description of a type.
 template <class Type>
-inline constexpr ArgumentType argument_type = detail::made_argument_type<Type>();
+TOOL_BINDING_API inline constexpr ArgumentType argument_type = detail::made_argument_type<Type>();
 
 template <>
 struct Reading<Value> {
@@ -299,5 +298,3 @@ struct Reading<std::optional<Type>> {
 };
 
 }  // namespace tool_binding
-
-#pragma GCC visibility pop

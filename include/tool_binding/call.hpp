@@ -5,11 +5,10 @@
 #include <utility>
 
 #include "tool_binding/admission.hpp"
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/handler.hpp"
 #include "tool_binding/tool_registry.hpp"
 #include "tool_binding/value.hpp"
-
-#pragma GCC visibility push(default)
 
 /// From the arguments of a request to the keywords of its handler in one call.
 ///
@@ -23,7 +22,7 @@ namespace tool_binding {
 
 /// What came of a request: the keywords for the handler, or the problems for which the request is refused. Refers to
 /// the record of its tool, as its findings do.
-class PreparedCall : public Verdict {
+class TOOL_BINDING_API PreparedCall : public Verdict {
  public:
   /// What `handler_kwargs` makes of the request; empty for a refused one.
   [[nodiscard]] const KeywordArguments& keywords() const& noexcept { return keywords_; }
@@ -37,13 +36,11 @@ class PreparedCall : public Verdict {
 
 /// Admits one request, binds it and makes the keywords that `handler` is called with, those of `context` included. A
 /// request that the tool cannot take is an answer like any other. Throws what `admit` throws.
-[[nodiscard]] PreparedCall prepare_call(const ToolSpec& tool, const Handler& handler, const ArgumentMap& arguments,
-                                        const KeywordArguments& context);
+[[nodiscard]] TOOL_BINDING_API PreparedCall prepare_call(const ToolSpec& tool, const Handler& handler,
+                                                         const ArgumentMap& arguments, const KeywordArguments& context);
 [[nodiscard]] inline PreparedCall prepare_call(std::string_view tool, const Handler& handler,
                                                const ArgumentMap& arguments, const KeywordArguments& context) {
   return prepare_call(TOOLS[tool], handler, arguments, context);
 }
 
 }  // namespace tool_binding
-
-#pragma GCC visibility pop

@@ -7,10 +7,9 @@
 #include <string_view>
 #include <utility>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/detail/lifetime.hpp"
 #include "tool_binding/text.hpp"
-
-#pragma GCC visibility push(default)
 
 /// The errors of the layer. Each carries one message and copies it without allocating.
 ///
@@ -24,7 +23,7 @@ struct Refusal;
 }
 
 /// What all errors of the layer share.
-class Error : public std::exception {
+class TOOL_BINDING_API Error : public std::exception {
  public:
   explicit Error(Text message) noexcept : message_(std::move(message)) {}
 
@@ -39,39 +38,39 @@ class Error : public std::exception {
 };
 
 /// A value of an accepted kind with content that is not.
-class ValueError : public Error {
+class TOOL_BINDING_API ValueError : public Error {
  public:
   using Error::Error;
 };
 
 /// A value of a kind that is not accepted.
-class TypeError : public Error {
+class TOOL_BINDING_API TypeError : public Error {
  public:
   using Error::Error;
 };
 
 /// A name that is not found.
-class LookupError : public Error {
+class TOOL_BINDING_API LookupError : public Error {
  public:
   using Error::Error;
 };
 
 /// A key that a table does not hold: a tool that is not declared, a type word that is none of the five, or a name that
 /// is asked of a map.
-class KeyError : public LookupError {
+class TOOL_BINDING_API KeyError : public LookupError {
  public:
   using LookupError::LookupError;
 };
 
 /// A tool that a table does not hold: the fault of whoever asked for it, where any other KeyError is a declaration's.
-class UnknownToolError : public KeyError {
+class TOOL_BINDING_API UnknownToolError : public KeyError {
  public:
   using KeyError::KeyError;
 };
 
 /// The arguments of a request that its tool cannot take. The message names every problem, joined by "; ", and says
 /// what to send instead.
-class ArgumentError : public ValueError {
+class TOOL_BINDING_API ArgumentError : public ValueError {
  public:
   using ValueError::ValueError;
   ArgumentError(Text message, std::shared_ptr<const detail::Refusal> refusal) noexcept
@@ -86,5 +85,3 @@ class ArgumentError : public ValueError {
 };
 
 }  // namespace tool_binding
-
-#pragma GCC visibility pop

@@ -10,8 +10,6 @@
 
 #include "tool_binding/value.hpp"
 
-#pragma GCC visibility push(default)
-
 /// Texts, integers and values for std::format, where the standard library has it; without it this header is empty.
 ///
 /// Each takes what a std::string_view takes: "{:>20}". A Value stands in its plain form, after "?" in its quoted form:
@@ -55,7 +53,5 @@ struct std::formatter<tool_binding::Value> : std::formatter<std::string_view> {
  private:
   bool quoted_ = false;
 };
-
-#pragma GCC visibility pop
 
 #endif

@@ -12,11 +12,10 @@
 #include <utility>
 #include <vector>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/detail/item_type.hpp"
 #include "tool_binding/detail/lifetime.hpp"
 #include "tool_binding/value.hpp"
-
-#pragma GCC visibility push(default)
 
 /// A handler as binding sees it, and the keyword arguments that it is called with.
 ///
@@ -36,7 +35,7 @@ inline constexpr BaseClasses<Bases...> bases = {};
 
 /// One keyword argument: a bound `Value`, or a context item of the daemon's. 16 bytes, copied without copying content.
 /// One that is moved from is a bound null.
-class KeywordArgument {
+class TOOL_BINDING_API KeywordArgument {
  public:
   KeywordArgument(Value value) noexcept : held_(std::move(value)) {}  // NOLINT(google-explicit-constructor)
 
@@ -146,7 +145,7 @@ class NameIndex;
 
 /// The parameters of a handler, in declaration order: a list that is made once and then only read. Their names are
 /// indexed as it is made, so that no call compares what a daemon offers with all of them.
-class Parameters {
+class TOOL_BINDING_API Parameters {
  public:
   Parameters() noexcept = default;
   Parameters(std::vector<Parameter> listed);  // NOLINT(google-explicit-constructor)
@@ -198,5 +197,3 @@ struct Handler {
 };
 
 }  // namespace tool_binding
-
-#pragma GCC visibility pop

@@ -14,8 +14,7 @@
 
 #include "tool_binding/detail/assert.hpp"
 #include "tool_binding/detail/cell.hpp"
-
-#pragma GCC visibility push(default)
+#include "tool_binding/detail/export.hpp"
 
 namespace tool_binding {
 
@@ -33,14 +32,14 @@ concept WholeNumber = std::integral<Type> && !std::same_as<Type, bool> && !Chara
 }  // namespace detail
 
 class Integer;
-[[nodiscard]] std::strong_ordering operator<=>(const Integer& left, const Integer& right) noexcept;
+[[nodiscard]] TOOL_BINDING_API std::strong_ordering operator<=>(const Integer& left, const Integer& right) noexcept;
 
 /// An integer of any width, 16 bytes, copied without copying its digits.
 ///
 /// It is read, written, compared and turned into a double or made from one; nothing is calculated with it. An integer
 /// of 64 bits stands in the object itself, a wider one as its canonical decimal digits in a shared node. Every
 /// operation is linear in the number of digits, and none depends on a locale. An integer that is moved from is zero.
-class Integer {
+class TOOL_BINDING_API Integer {
  public:
   Integer() noexcept : Integer(0) {}
 
@@ -79,10 +78,10 @@ class Integer {
   friend bool operator==(const Integer& left, const Integer& right) noexcept {
     return detail::same_text(left.cell_, right.cell_);
   }
-  friend std::strong_ordering operator<=>(const Integer& left, const Integer& right) noexcept;
+  friend TOOL_BINDING_API std::strong_ordering operator<=>(const Integer& left, const Integer& right) noexcept;
 
   /// Writes the digits of `to_string`, whatever the stream's locale.
-  friend std::ostream& operator<<(std::ostream& out, const Integer& integer);
+  friend TOOL_BINDING_API std::ostream& operator<<(std::ostream& out, const Integer& integer);
 
   /// Order by exact value, the integer not being rounded first; unordered for a NaN.
   [[nodiscard]] std::partial_ordering compare(double right) const noexcept;
@@ -143,5 +142,3 @@ struct std::hash<tool_binding::Integer> {
                              : std::hash<std::int64_t>{}(integer.small());
   }
 };
-
-#pragma GCC visibility pop

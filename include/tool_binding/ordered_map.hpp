@@ -16,17 +16,16 @@
 
 #include "tool_binding/detail/assert.hpp"
 #include "tool_binding/detail/entry_row.hpp"
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/detail/lifetime.hpp"
 #include "tool_binding/detail/ranges.hpp"
 #include "tool_binding/text.hpp"
-
-#pragma GCC visibility push(default)
 
 namespace tool_binding {
 
 namespace detail {
 /// Throws the KeyError of a map that holds these names, and not `name`.
-[[noreturn]] void throw_no_entry(const Text& name, std::span<const Text> held);
+[[noreturn]] TOOL_BINDING_API void throw_no_entry(const Text& name, std::span<const Text> held);
 }  // namespace detail
 
 /// One entry of an ordered map.
@@ -266,5 +265,3 @@ class OrderedMap {
 };
 
 }  // namespace tool_binding
-
-#pragma GCC visibility pop

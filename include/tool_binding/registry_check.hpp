@@ -10,11 +10,10 @@
 #include <string_view>
 #include <vector>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/errors.hpp"
 #include "tool_binding/handler.hpp"
 #include "tool_binding/tool_registry.hpp"
-
-#pragma GCC visibility push(default)
 
 /// What is wrong or doubtful in a list of tool declarations, wherever they come from.
 ///
@@ -75,23 +74,23 @@ struct RegistryFinding {
 };
 
 /// Whether such a finding makes the registry unusable.
-[[nodiscard]] bool is_error(RegistryFinding::Kind kind) noexcept;
+[[nodiscard]] TOOL_BINDING_API bool is_error(RegistryFinding::Kind kind) noexcept;
 
 /// What makes these entries unusable. Names of parameters and actions are compared exactly. Of two that clash,
 /// the later one is the fault. Context items are judged where the context that the daemon offers is known.
-[[nodiscard]] std::vector<RegistryFinding> registry_errors(std::span<const RegistryEntry> entries,
-                                                           const KeywordArguments* offered = nullptr);
+[[nodiscard]] TOOL_BINDING_API std::vector<RegistryFinding> registry_errors(std::span<const RegistryEntry> entries,
+                                                                            const KeywordArguments* offered = nullptr);
 
 /// What is doubtful in these entries. What `registry_errors` names is not named again.
-[[nodiscard]] std::vector<RegistryFinding> registry_warnings(std::span<const RegistryEntry> entries);
+[[nodiscard]] TOOL_BINDING_API std::vector<RegistryFinding> registry_warnings(std::span<const RegistryEntry> entries);
 
 /// The errors, then the warnings.
-[[nodiscard]] std::vector<RegistryFinding> check_registry(std::span<const RegistryEntry> entries,
-                                                          const KeywordArguments* offered = nullptr);
+[[nodiscard]] TOOL_BINDING_API std::vector<RegistryFinding> check_registry(std::span<const RegistryEntry> entries,
+                                                                           const KeywordArguments* offered = nullptr);
 
 /// A registry that cannot be used. Its message has a line for each fault:
 /// "line 12: tools[3].params[0].type: " and what is wrong there; the line only where it is known.
-class RegistryError : public ValueError {
+class TOOL_BINDING_API RegistryError : public ValueError {
  public:
   /// Precondition: `faults` is not empty.
   explicit RegistryError(std::vector<RegistryFinding> faults);
@@ -110,30 +109,30 @@ using Handlers = OrderedMap<Handler>;
 /// RegistryError with every error, a name that the table holds already included, and then has added none. Warnings are
 /// for `registry_warnings` to say. `offered` is the context that the daemon offers, or one that stands for it: items of
 /// the same names and types. Without it no context item is checked.
-[[nodiscard]] Handlers declare_tools(ToolTable& table, std::vector<RegistryEntry> entries,
-                                     const KeywordArguments& offered);
-[[nodiscard]] Handlers declare_tools(ToolTable& table, std::vector<RegistryEntry> entries);
+[[nodiscard]] TOOL_BINDING_API Handlers declare_tools(ToolTable& table, std::vector<RegistryEntry> entries,
+                                                      const KeywordArguments& offered);
+[[nodiscard]] TOOL_BINDING_API Handlers declare_tools(ToolTable& table, std::vector<RegistryEntry> entries);
 /// The same with `TOOLS`.
-[[nodiscard]] Handlers declare_tools(std::vector<RegistryEntry> entries, const KeywordArguments& offered);
-[[nodiscard]] Handlers declare_tools(std::vector<RegistryEntry> entries);
+[[nodiscard]] TOOL_BINDING_API Handlers declare_tools(std::vector<RegistryEntry> entries,
+                                                      const KeywordArguments& offered);
+[[nodiscard]] TOOL_BINDING_API Handlers declare_tools(std::vector<RegistryEntry> entries);
 
 /// "; did you mean 'limit'?" for the one of `names` that is nearest to `given`, whatever the case of either, empty when
 /// none is near: near is what a refusal proposes to a caller.
-[[nodiscard]] std::string did_you_mean(std::string_view given, std::span<const std::string_view> names);
+[[nodiscard]] TOOL_BINDING_API std::string did_you_mean(std::string_view given,
+                                                        std::span<const std::string_view> names);
 
 /// The type word that `spelling` stands for in other languages and libraries ("float" is "number"), no value for one
 /// that stands for none of the five. Case is ignored.
-[[nodiscard]] std::optional<std::string_view> type_word_of(std::string_view spelling);
+[[nodiscard]] TOOL_BINDING_API std::optional<std::string_view> type_word_of(std::string_view spelling);
 
 /// Places in a registry, as findings name them, for readers of files that find faults of their own. A member of the
 /// thing at `parent` is "tools[3].name", or "tools[3]['odd name']" where the short form would be unclear; an item of a
 /// list is "tools[3]". The registry itself is the empty place.
-[[nodiscard]] std::string member_place(std::string_view parent, std::string_view name);
-[[nodiscard]] std::string item_place(std::string_view parent, std::size_t index);
+[[nodiscard]] TOOL_BINDING_API std::string member_place(std::string_view parent, std::string_view name);
+[[nodiscard]] TOOL_BINDING_API std::string item_place(std::string_view parent, std::size_t index);
 
 /// Whether `inner` is `outer` or is within it.
-[[nodiscard]] bool stands_within(std::string_view inner, std::string_view outer) noexcept;
+[[nodiscard]] TOOL_BINDING_API bool stands_within(std::string_view inner, std::string_view outer) noexcept;
 
 }  // namespace tool_binding
-
-#pragma GCC visibility pop

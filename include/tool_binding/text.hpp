@@ -10,16 +10,15 @@
 #include <utility>
 
 #include "tool_binding/detail/cell.hpp"
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/detail/lifetime.hpp"
-
-#pragma GCC visibility push(default)
 
 namespace tool_binding {
 
 class Text;
 
 namespace detail {
-[[nodiscard]] const Cell& cell_of(const Text& text) noexcept;
+[[nodiscard]] TOOL_BINDING_API const Cell& cell_of(const Text& text) noexcept;
 
 /// Whatever is read as a text, but for a Text itself.
 template <class Bytes>
@@ -32,7 +31,7 @@ concept TextLike = !std::same_as<Bytes, Text> && std::convertible_to<const Bytes
 /// surrogate stands in its three-byte form, and a byte that is not part of well-formed text counts as the lone
 /// surrogate U+DC00 + byte wherever code points are asked for. Texts of up to 15 bytes stand in the object itself,
 /// longer ones in a shared node. Equality and order are those of the bytes. A text that is moved from is empty.
-class Text {
+class TOOL_BINDING_API Text {
  public:
   /// The empty text.
   Text() noexcept : cell_(detail::Tag::empty_text) {}
@@ -93,7 +92,7 @@ class Text {
   }
 
   /// Writes the bytes as they stand.
-  friend std::ostream& operator<<(std::ostream& out, const Text& text);
+  friend TOOL_BINDING_API std::ostream& operator<<(std::ostream& out, const Text& text);
 
  private:
   friend class Value;
@@ -116,5 +115,3 @@ struct std::hash<tool_binding::Text> {
     return std::hash<std::string_view>{}(text.view());
   }
 };
-
-#pragma GCC visibility pop

@@ -10,13 +10,12 @@
 #include <vector>
 
 #include "tool_binding/admission.hpp"
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/detail/lifetime.hpp"
 #include "tool_binding/errors.hpp"
 #include "tool_binding/handler.hpp"
 #include "tool_binding/tool_registry.hpp"
 #include "tool_binding/value.hpp"
-
-#pragma GCC visibility push(default)
 
 /// The layer between a tool request and its handler: seven names, in the order in which a request meets them.
 ///
@@ -30,7 +29,7 @@ namespace tool_binding {
 
 /// An admitted request: its arguments as the tool's handler takes them, and what was changed to get there. Immutable;
 /// may be moved from as a whole, and then holds neither arguments nor notes.
-class NormalizedArguments {
+class TOOL_BINDING_API NormalizedArguments {
  public:
   explicit NormalizedArguments(ArgumentMap arguments, std::vector<std::string> notes = {},
                                bool alias_hit = false) noexcept
@@ -68,7 +67,7 @@ class NormalizedArguments {
 namespace detail {
 
 /// The error that says why a request is refused.
-[[nodiscard]] ArgumentError argument_error(const ToolSpec& tool, Admission&& admission);
+[[nodiscard]] TOOL_BINDING_API ArgumentError argument_error(const ToolSpec& tool, Admission&& admission);
 
 }  // namespace detail
 
@@ -89,14 +88,14 @@ namespace detail {
 
 /// The refusal of a call that runs `action` and does not give what it needs, null when nothing is missing. `arguments`
 /// stand under declared names; blank text and empty lists count as not given.
-[[nodiscard]] std::optional<std::string> missing_arguments(std::string_view tool, ActionName action,
-                                                           const ArgumentMap& arguments);
-[[nodiscard]] std::optional<std::string> missing_arguments(const ToolSpec& tool, ActionName action,
-                                                           const ArgumentMap& arguments);
+[[nodiscard]] TOOL_BINDING_API std::optional<std::string> missing_arguments(std::string_view tool, ActionName action,
+                                                                            const ArgumentMap& arguments);
+[[nodiscard]] TOOL_BINDING_API std::optional<std::string> missing_arguments(const ToolSpec& tool, ActionName action,
+                                                                            const ArgumentMap& arguments);
 
 namespace detail {
-[[nodiscard]] std::optional<std::string> missing_keywords(const ToolSpec& tool, ActionName action,
-                                                          const KeywordArguments& keywords);
+[[nodiscard]] TOOL_BINDING_API std::optional<std::string> missing_keywords(const ToolSpec& tool, ActionName action,
+                                                                           const KeywordArguments& keywords);
 }
 
 /// The same for the keywords of a handler, as they are: a context item in an argument's place is given.
@@ -114,24 +113,24 @@ template <std::same_as<KeywordArguments> Keywords>
 /// Binds admitted arguments: the action first, for a tool with actions; then every declared parameter in the
 /// registry's order, with the request's value or its default; nothing else. Arguments that are the caller's to give
 /// away are moved, which spares the counting of references.
-[[nodiscard]] ArgumentMap bind_arguments(std::string_view tool, const ArgumentMap& arguments);
-[[nodiscard]] ArgumentMap bind_arguments(std::string_view tool, ArgumentMap&& arguments);
-[[nodiscard]] ArgumentMap bind_arguments(const ToolSpec& tool, const ArgumentMap& arguments);
-[[nodiscard]] ArgumentMap bind_arguments(const ToolSpec& tool, ArgumentMap&& arguments);
+[[nodiscard]] TOOL_BINDING_API ArgumentMap bind_arguments(std::string_view tool, const ArgumentMap& arguments);
+[[nodiscard]] TOOL_BINDING_API ArgumentMap bind_arguments(std::string_view tool, ArgumentMap&& arguments);
+[[nodiscard]] TOOL_BINDING_API ArgumentMap bind_arguments(const ToolSpec& tool, const ArgumentMap& arguments);
+[[nodiscard]] TOOL_BINDING_API ArgumentMap bind_arguments(const ToolSpec& tool, ArgumentMap&& arguments);
 
 /// What a request that runs `action` and leaves the parameter `name` out gets. Throws LookupError for a name that the
 /// tool does not declare.
-[[nodiscard]] Value action_default(std::string_view tool, std::string_view name, std::string_view action);
-[[nodiscard]] Value action_default(const ToolSpec& tool, std::string_view name, std::string_view action);
+[[nodiscard]] TOOL_BINDING_API Value action_default(std::string_view tool, std::string_view name,
+                                                    std::string_view action);
+[[nodiscard]] TOOL_BINDING_API Value action_default(const ToolSpec& tool, std::string_view name,
+                                                    std::string_view action);
 
 /// The keyword arguments for `handler`: every bound argument, then the items of `context` that the handler names, or
 /// all of them when it takes any keyword. An item replaces a bound argument of its name, in its place. Bound arguments
 /// that are the caller's to give away are moved.
-[[nodiscard]] KeywordArguments handler_kwargs(const Handler& handler, const ArgumentMap& bound,
-                                              const KeywordArguments& context);
-[[nodiscard]] KeywordArguments handler_kwargs(const Handler& handler, ArgumentMap&& bound,
-                                              const KeywordArguments& context);
+[[nodiscard]] TOOL_BINDING_API KeywordArguments handler_kwargs(const Handler& handler, const ArgumentMap& bound,
+                                                               const KeywordArguments& context);
+[[nodiscard]] TOOL_BINDING_API KeywordArguments handler_kwargs(const Handler& handler, ArgumentMap&& bound,
+                                                               const KeywordArguments& context);
 
 }  // namespace tool_binding
-
-#pragma GCC visibility pop

@@ -12,11 +12,10 @@
 #include <utility>
 #include <vector>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/detail/lifetime.hpp"
 #include "tool_binding/text.hpp"
 #include "tool_binding/value.hpp"
-
-#pragma GCC visibility push(default)
 
 /// The registry: the one table of the tools that a daemon offers.
 ///
@@ -32,11 +31,11 @@ inline constexpr std::string_view REPO_ROOT_ARGUMENT = "repo_root";
 
 /// Whether admission reads or drops every argument of that name itself: ACTION_PARAM, REPO_ROOT_ARGUMENT and "repo". A
 /// parameter declared under such a name never gets what a request sends by it.
-[[nodiscard]] bool is_reserved_name(std::string_view name) noexcept;
+[[nodiscard]] TOOL_BINDING_API bool is_reserved_name(std::string_view name) noexcept;
 
 /// The action of a call, or none: nothing, null in each of its forms and an empty optional stand for a call that runs
 /// no action. An empty text names one. Refers to the text that it was made of.
-class ActionName {
+class TOOL_BINDING_API ActionName {
  public:
   constexpr ActionName() noexcept = default;
   constexpr ActionName(std::nullptr_t) noexcept {}  // NOLINT(google-explicit-constructor)
@@ -58,7 +57,7 @@ class ActionName {
 
 /// One declared parameter, a plain record for designated initializers. Written with its name, `ParamSpec{.name = …}`,
 /// a misspelled field is named by the compiler.
-struct ParamSpec {
+struct TOOL_BINDING_API ParamSpec {
   /// The name under which admitted and bound arguments carry the parameter.
   Text name;
   /// The type word: "integer", "number", "boolean", "string" or "array". With any other word a request that gives the
@@ -117,7 +116,7 @@ struct ToolRecord;
 /// The record of one tool, immutable, copied without copying its content. Making one compiles the declaration, so that
 /// no request searches a list. Everything that it hands out lives as long as any copy of the record. A record that is
 /// moved from is copied: it stays what it was.
-class ToolSpec {
+class TOOL_BINDING_API ToolSpec {
  public:
   /// Throws std::bad_alloc only: what is doubtful in a declaration is for a check of the whole registry to say.
   explicit ToolSpec(ToolDeclaration declaration);
@@ -158,7 +157,7 @@ class ToolSpec {
 
 /// The tools by name, in the order in which they were declared. Records stay where they are: what the table hands out
 /// lives as long as the table, whatever is added to it.
-class ToolTable {
+class TOOL_BINDING_API ToolTable {
  public:
   /// An empty table, usable before any other static object of the program is made.
   constexpr ToolTable() noexcept = default;
@@ -197,7 +196,7 @@ union LastingTable {
   ~LastingTable() {}  // NOLINT(modernize-use-equals-default): a defaulted one would destroy the table, or be deleted
 };
 
-extern LastingTable tools_of_process;
+TOOL_BINDING_API extern LastingTable tools_of_process;
 
 }  // namespace detail
 
@@ -205,5 +204,3 @@ extern LastingTable tools_of_process;
 inline constexpr ToolTable& TOOLS = detail::tools_of_process.table;
 
 }  // namespace tool_binding
-
-#pragma GCC visibility pop

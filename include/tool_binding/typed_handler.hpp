@@ -11,10 +11,9 @@
 #include <vector>
 
 #include "tool_binding/argument_type.hpp"
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/handler.hpp"
 #include "tool_binding/tool_registry.hpp"
-
-#pragma GCC visibility push(default)
 
 /// Handlers that are called with their own types.
 ///
@@ -64,7 +63,7 @@ template <class Item>
 namespace detail {
 
 /// What a function takes, and as the handler of which tool.
-struct Listing {
+struct TOOL_BINDING_API Listing {
   struct Row {
     Text name;
     std::size_t place;  ///< where a call's keywords most likely have it
@@ -81,7 +80,7 @@ struct Listing {
 };
 
 /// One call of a function that lists what it takes. Lives for the call.
-struct TypedCall {
+struct TOOL_BINDING_API TypedCall {
   const KeywordArguments& keywords;
   const Listing& listing;
 
@@ -243,7 +242,7 @@ template <class Function, class... Listed>
 
 namespace detail {
 /// Throws for the one keyword that does not fit `parameter`.
-[[noreturn]] void refuse_keyword(const KeywordArguments& keywords, const Parameter& parameter);
+[[noreturn]] TOOL_BINDING_API void refuse_keyword(const KeywordArguments& keywords, const Parameter& parameter);
 }  // namespace detail
 
 /// One argument out of `keywords` as `Type`, for a handler that takes the whole map. Throws as a listed one does.
@@ -270,5 +269,3 @@ template <class Item>
 }
 
 }  // namespace tool_binding
-
-#pragma GCC visibility pop

@@ -13,18 +13,17 @@
 #include <vector>
 
 #include "tool_binding/detail/cell.hpp"
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/detail/lifetime.hpp"
 #include "tool_binding/detail/ranges.hpp"
 #include "tool_binding/integer.hpp"
 #include "tool_binding/ordered_map.hpp"
 #include "tool_binding/text.hpp"
 
-#pragma GCC visibility push(default)
-
 namespace tool_binding {
 
 class Value;
-[[nodiscard]] bool operator==(const Value& left, const Value& right);
+[[nodiscard]] TOOL_BINDING_API bool operator==(const Value& left, const Value& right);
 
 namespace detail {
 /// A range of what values can be made of, other than the vector of values that a list consists of.
@@ -41,7 +40,7 @@ enum class Kind : std::uint8_t { null, boolean, integer, floating, text, list, m
 
 /// What messages call a value of the kind, with its article where it has one: "null", "a boolean", "an integer",
 /// "a floating number", "text", "a list", and for a mapping "an object", as in JSON.
-[[nodiscard]] std::string_view kind_words(Kind kind) noexcept;
+[[nodiscard]] TOOL_BINDING_API std::string_view kind_words(Kind kind) noexcept;
 
 /// A dynamic value as a request carries it, immutable, 16 bytes.
 ///
@@ -54,7 +53,7 @@ enum class Kind : std::uint8_t { null, boolean, integer, floating, text, list, m
 /// Lists and mappings are made of what holds their items, or written as `Value::list({1, "a"})` and
 /// `Value::mapping({{"a", 1}})`. Braces alone make neither: `Value{{"a", 1}}`, which could be meant as both, is refused
 /// by the compiler, as are single characters, which are integers to C++.
-class Value {
+class TOOL_BINDING_API Value {
  public:
   /// Null.
   Value() noexcept : cell_(detail::Tag::null) {}
@@ -183,10 +182,10 @@ class Value {
   /// Equal kinds and equal contents: the integer 5 and the floating number 5.0 differ, floating numbers compare as
   /// IEEE 754 has it (a NaN equals nothing), mappings are equal when they hold equal entries in the same order.
   /// Throws std::bad_alloc when no memory is left for the comparison of nested values.
-  friend bool operator==(const Value& left, const Value& right);
+  friend TOOL_BINDING_API bool operator==(const Value& left, const Value& right);
 
   /// Writes the plain form.
-  friend std::ostream& operator<<(std::ostream& out, const Value& value);
+  friend TOOL_BINDING_API std::ostream& operator<<(std::ostream& out, const Value& value);
 
   friend void swap(Value& left, Value& right) noexcept { left.cell_.swap(right.cell_); }
 
@@ -221,11 +220,11 @@ static_assert(sizeof(Value) == 16);
 /// The plain form: how a message, or a list of texts, inserts a value as text. A text stands unchanged, 5.0 is "5.0",
 /// true "True", null "None", a list "[1, 'a']", a mapping "{'a': 1}". Floating numbers take the fewest digits that read
 /// back as the same double (IEEE 754).
-[[nodiscard]] Text plain_form(const Value& value);
+[[nodiscard]] TOOL_BINDING_API Text plain_form(const Value& value);
 
 /// The quoted form: how a message shows a value as it was sent. A text stands between quotes with what cannot be
 /// printed escaped; any other value as in its plain form.
-[[nodiscard]] std::string quoted_form(const Value& value);
+[[nodiscard]] TOOL_BINDING_API std::string quoted_form(const Value& value);
 
 }  // namespace tool_binding
 
@@ -235,5 +234,3 @@ template <>
 struct std::hash<tool_binding::Value> {
   [[nodiscard]] std::size_t operator()(const tool_binding::Value& value) const;
 };
-
-#pragma GCC visibility pop

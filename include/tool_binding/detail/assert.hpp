@@ -9,8 +9,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#pragma GCC visibility push(default)
-
 namespace tool_binding::detail {
 
 [[noreturn, gnu::cold, gnu::noinline]] inline void precondition_failed(const char* condition, const char* file,
@@ -20,8 +18,6 @@ namespace tool_binding::detail {
 }
 
 }  // namespace tool_binding::detail
-
-#pragma GCC visibility pop
 
 #define TOOL_BINDING_ASSERT(condition) \
   ((condition) ? static_cast<void>(0) : ::tool_binding::detail::precondition_failed(#condition, __FILE__, __LINE__))

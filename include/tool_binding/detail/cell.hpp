@@ -14,8 +14,7 @@
 #endif
 
 #include "tool_binding/detail/assert.hpp"
-
-#pragma GCC visibility push(default)
+#include "tool_binding/detail/export.hpp"
 
 /// The 16 bytes under `Text`, `Integer` and `Value`, and the shared nodes that larger contents stand in.
 ///
@@ -86,14 +85,14 @@ struct TextNode : Node {
 };
 
 /// A node of `size` bytes with its closing zero, count 1; the bytes are the caller's to fill before it is shared.
-[[nodiscard]] TextNode* new_text_node(std::size_t size);
-[[nodiscard]] TextNode* new_text_node(std::string_view text);
+[[nodiscard]] TOOL_BINDING_API TextNode* new_text_node(std::size_t size);
+[[nodiscard]] TOOL_BINDING_API TextNode* new_text_node(std::string_view text);
 
 /// The destruction of nodes, which reaches into lists and mappings.
 struct NodeAccess;
 
 /// Destroys a node whose count has come to zero, and every node that only it kept, without recursion.
-void destroy_node(Node* node, Tag tag) noexcept;
+TOOL_BINDING_API void destroy_node(Node* node, Tag tag) noexcept;
 
 /// The bytes of a text of at most 15 as the two halves of a cell, without a loop over them.
 struct ShortText {
@@ -124,12 +123,10 @@ struct ShortText {
   }
 };
 
-static_assert(std::endian::native == std::endian::little, "the tag is the last byte of a cell");
-
 /// Says of what is copied that no cell of it holds a node: its bytes are copied, and nothing is counted.
 struct WithoutNodes {};
 
-class Cell {
+class TOOL_BINDING_API Cell {
  public:
   explicit Cell(Tag tag) noexcept : high_(shifted(tag)) {}
 
@@ -236,5 +233,3 @@ static_assert(sizeof(Cell) == 16);
 }
 
 }  // namespace tool_binding::detail
-
-#pragma GCC visibility pop

@@ -6,8 +6,7 @@
 #include <string_view>
 
 #include "tool_binding/detail/assert.hpp"
-
-#pragma GCC visibility push(default)
+#include "tool_binding/detail/export.hpp"
 
 /// The one reader of UTF-8, for the libraries of this project.
 ///
@@ -28,7 +27,7 @@ struct CodePoint {
 [[nodiscard]] constexpr bool is_ascii(char byte) noexcept { return static_cast<unsigned char>(byte) < 0x80; }
 
 /// What the reader below calls for anything but ASCII.
-[[nodiscard]] CodePoint next_beyond_ascii(std::string_view rest) noexcept;
+[[nodiscard]] TOOL_BINDING_API CodePoint next_beyond_ascii(std::string_view rest) noexcept;
 
 /// The first code point of `rest`. Precondition: `rest` is not empty.
 [[nodiscard]] inline CodePoint next_code_point(std::string_view rest) noexcept {
@@ -38,8 +37,6 @@ struct CodePoint {
 }
 
 /// Appends the UTF-8 form of `code_point`, a surrogate in its three-byte form. Precondition: at most U+10FFFF.
-void append_code_point(std::string& out, char32_t code_point);
+TOOL_BINDING_API void append_code_point(std::string& out, char32_t code_point);
 
 }  // namespace tool_binding::text
-
-#pragma GCC visibility pop

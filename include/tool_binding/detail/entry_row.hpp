@@ -11,13 +11,12 @@
 
 #include "tool_binding/detail/assert.hpp"
 #include "tool_binding/detail/cell.hpp"
-
-#pragma GCC visibility push(default)
+#include "tool_binding/detail/export.hpp"
 
 namespace tool_binding::detail {
 
 /// Throws std::length_error.
-[[noreturn]] void throw_too_many_entries();
+[[noreturn]] TOOL_BINDING_API void throw_too_many_entries();
 
 /// The entries of a map, in one block of the heap. A row differs from a vector in two promises: moving an entry never
 /// fails, and a row of one type of entry becomes a row of another in the same block.
@@ -195,5 +194,3 @@ class EntryRow {
 };
 
 }  // namespace tool_binding::detail
-
-#pragma GCC visibility pop

@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-#pragma GCC visibility push(default)
+#include "tool_binding/detail/export.hpp"
 
 namespace tool_binding::detail {
 
@@ -11,8 +11,6 @@ namespace tool_binding::detail {
 inline constexpr std::size_t longest_floating_form = 32;
 
 /// Writes the plain form of `number` to `out`, where there is room for the longest, and returns where it ends.
-[[nodiscard]] char* write_floating_form(char* out, double number) noexcept;
+[[nodiscard]] TOOL_BINDING_API char* write_floating_form(char* out, double number) noexcept;
 
 }  // namespace tool_binding::detail
-
-#pragma GCC visibility pop

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <type_traits>
 
-#pragma GCC visibility push(default)
+#include "tool_binding/detail/export.hpp"
 
 /// What the layer knows of types that are the daemon's own, without run-time type information.
 /// Nothing here is for a daemon's own use.
@@ -35,7 +35,7 @@ struct ItemType {
 };
 
 template <class Item>
-inline constexpr ItemType item_type = {type_name<Item>()};
+TOOL_BINDING_API inline constexpr ItemType item_type = {type_name<Item>()};
 
 /// One of the types as which an item is handed out, and the way there; null for an address that stays the same.
 struct ItemView {
@@ -66,5 +66,3 @@ struct ItemViews {
 };
 
 }  // namespace tool_binding::detail
-
-#pragma GCC visibility pop

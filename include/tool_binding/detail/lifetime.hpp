@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#pragma GCC visibility push(default)
-
 /// Marks a function whose result lives no longer than the object it is called on, and a parameter that the result or
 /// the object made of it refers to. A compiler that knows the attribute warns of a view that outlives a temporary.
 /// Nothing here is for a daemon's own use.
@@ -14,5 +12,3 @@
 #ifndef TOOL_BINDING_LIFETIMEBOUND
 #define TOOL_BINDING_LIFETIMEBOUND
 #endif
-
-#pragma GCC visibility pop

@@ -6,8 +6,6 @@
 #include "tool_binding/detail/assert.hpp"
 #include "tool_binding/value.hpp"
 
-#pragma GCC visibility push(default)
-
 namespace tool_binding {
 
 [[nodiscard]] inline bool is_number(const Value& value) noexcept { return value.is_integer() || value.is_floating(); }
@@ -22,5 +20,3 @@ namespace tool_binding {
 }
 
 }  // namespace tool_binding
-
-#pragma GCC visibility pop

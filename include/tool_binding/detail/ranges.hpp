@@ -7,8 +7,6 @@
 #include <type_traits>
 #include <utility>
 
-#pragma GCC visibility push(default)
-
 /// The containers and views of others, as values and maps are made of them.
 /// Nothing here is for a daemon's own use.
 namespace tool_binding::detail {
@@ -32,5 +30,3 @@ concept Named = Listed<Range> && requires(const ItemOf<Range>& entry) {
 };
 
 }  // namespace tool_binding::detail
-
-#pragma GCC visibility pop

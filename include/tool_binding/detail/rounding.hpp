@@ -3,7 +3,7 @@
 
 #include <cfenv>
 
-#pragma GCC visibility push(default)
+#include "tool_binding/detail/export.hpp"
 
 /// The rounding of floating numbers, which a program may have set to something else than to nearest (IEEE 754). The
 /// standard library's own readers of doubles take short cuts that hold for rounding to nearest only.
@@ -11,10 +11,10 @@
 namespace tool_binding::detail {
 
 /// Whether this thread rounds to nearest, as almost every one does.
-[[nodiscard]] bool rounds_to_nearest() noexcept;
+[[nodiscard]] TOOL_BINDING_API bool rounds_to_nearest() noexcept;
 
 /// While one lives, its thread rounds to nearest.
-class RoundingToNearest {
+class TOOL_BINDING_API RoundingToNearest {
  public:
   RoundingToNearest() noexcept : changed_(!rounds_to_nearest()) {
     if (changed_) {
@@ -37,5 +37,3 @@ class RoundingToNearest {
 };
 
 }  // namespace tool_binding::detail
-
-#pragma GCC visibility pop

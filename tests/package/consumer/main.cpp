@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <cstdio>
+#include <sstream>
 #include <string>
 
 #include "tool_binding/tool_binding.hpp"
@@ -61,14 +62,16 @@ int main() {
     static_cast<void>(normalize_arguments("search", unknown));
     return std::puts("an unknown parameter was admitted") >= 0 ? 1 : 2;
   } catch (const ArgumentError& error) {
-    std::puts(error.what());
+    std::puts(error.findings().front().message().c_str());
   }
   const Handler handler{Signature::named("repository", "limit"), {}};
   std::string repository = "atlas";
   const KeywordArguments context{{"repository", KeywordArgument::context(repository)}};
   const auto admitted = normalize_arguments("search", ArgumentMap{{"limit", "5"}});
   const auto keywords = handler_kwargs(handler, bind_arguments("search", admitted.arguments()), context);
-  const bool right = keywords.find("repository")->item<std::string>() == "atlas" &&
+  std::ostringstream written;
+  written << Value(5);
+  const bool right = written.str() == "5" && keywords.find("repository")->item<std::string>() == "atlas" &&
                      keywords.find("limit")->value() == Value(5) && Integer(5) < Integer::from_decimal("50");
   return right ? 0 : 1;
 }

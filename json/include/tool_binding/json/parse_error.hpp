@@ -4,16 +4,15 @@
 #include <cstddef>
 #include <string_view>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/errors.hpp"
-
-#pragma GCC visibility push(default)
 
 namespace tool_binding::json {
 
 /// A text that is not JSON (RFC 8259), with the place of the fault.
 ///
 /// Its message is "line 3, byte 17: " and what is wrong there.
-class ParseError : public ValueError {
+class TOOL_BINDING_API ParseError : public ValueError {
  public:
   ParseError(std::size_t line, std::size_t byte, std::string_view words);
 
@@ -29,5 +28,3 @@ class ParseError : public ValueError {
 };
 
 }  // namespace tool_binding::json
-
-#pragma GCC visibility pop

@@ -4,10 +4,9 @@
 #include <memory>
 #include <string_view>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/json/parse_error.hpp"
 #include "tool_binding/value.hpp"
-
-#pragma GCC visibility push(default)
 
 /// JSON text (RFC 8259) to values.
 ///
@@ -20,7 +19,7 @@ namespace tool_binding::json {
 
 /// Reads texts one after another and keeps its buffers from one to the next: about eight bytes for each of the longest
 /// text so far. For one thread at a time.
-class Reader {
+class TOOL_BINDING_API Reader {
  public:
   Reader();
   Reader(Reader&&) noexcept;
@@ -37,8 +36,6 @@ class Reader {
 };
 
 /// The value that `text` spells, by a reader made for it alone.
-[[nodiscard]] Value read(std::string_view text);
+[[nodiscard]] TOOL_BINDING_API Value read(std::string_view text);
 
 }  // namespace tool_binding::json
-
-#pragma GCC visibility pop

@@ -7,12 +7,11 @@
 #include <string_view>
 #include <vector>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/errors.hpp"
 #include "tool_binding/handler.hpp"
 #include "tool_binding/registry_check.hpp"
 #include "tool_binding/tool_registry.hpp"
-
-#pragma GCC visibility push(default)
 
 /// A registry written as a JSON file: an object with a list "tools", one object a tool.
 namespace tool_binding::json {
@@ -23,7 +22,7 @@ using tool_binding::RegistryError;
 using Fault = RegistryFinding;
 
 /// What a registry file declares, usable or not, for those who judge it further.
-class RegistryFile {
+class TOOL_BINDING_API RegistryFile {
  public:
   /// Throws ParseError for a text that is not JSON.
   explicit RegistryFile(std::string_view text);
@@ -54,8 +53,6 @@ struct DeclaredTool {
 
 /// The tools of a registry file, in its order. A tool without a handler in the file has one that takes any keyword.
 /// Throws ParseError for a text that is not JSON, and RegistryError with all faults at once.
-[[nodiscard]] std::vector<DeclaredTool> read_registry(std::string_view text);
+[[nodiscard]] TOOL_BINDING_API std::vector<DeclaredTool> read_registry(std::string_view text);
 
 }  // namespace tool_binding::json
-
-#pragma GCC visibility pop

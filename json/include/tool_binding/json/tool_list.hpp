@@ -8,11 +8,10 @@
 #include <string_view>
 #include <vector>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/registry_check.hpp"
 #include "tool_binding/tool_registry.hpp"
 #include "tool_binding/value.hpp"
-
-#pragma GCC visibility push(default)
 
 /// Tools as their callers are told of them: a list whose items have "name", "description" and "inputSchema", a JSON
 /// Schema (2020-12) of the arguments. A registry says more than such a schema, and less.
@@ -41,13 +40,13 @@ enum class SchemaForm : std::uint8_t {
 /// numbers to; crossed ones, and those of no finite number, are left out. JSON Schema has no words for NaN and the
 /// infinities, which a number may be. Strict function calling has none for objects, nor for lists within lists within
 /// lists, where a list takes any items.
-[[nodiscard]] Value input_schema(const ToolSpec& tool, SchemaForm form = SchemaForm::common);
+[[nodiscard]] TOOL_BINDING_API Value input_schema(const ToolSpec& tool, SchemaForm form = SchemaForm::common);
 
 /// The item of the list: name, description and schema.
-[[nodiscard]] Value advertised_tool(const ToolSpec& tool, SchemaForm form = SchemaForm::common);
+[[nodiscard]] TOOL_BINDING_API Value advertised_tool(const ToolSpec& tool, SchemaForm form = SchemaForm::common);
 
 /// What a registry file says of these entries. Keys that would say what is true without them are left out.
-[[nodiscard]] Value registry_value(std::span<const RegistryEntry> entries);
+[[nodiscard]] TOOL_BINDING_API Value registry_value(std::span<const RegistryEntry> entries);
 
 /// What becomes of a parameter that none of the five type words can say, as an object or a union. An optional one is
 /// left out of its tool, a required one leaves its tool out; or either is declared to take text, and its description
@@ -86,8 +85,7 @@ struct ImportedTools {
 ///
 /// Throws ParseError for a text that is no JSON, and ValueError for one that is no list of tools, or a list in which no
 /// tool has a name and a schema.
-[[nodiscard]] ImportedTools import_tools(std::string_view text, Unsayable unsayable = Unsayable::left_out);
+[[nodiscard]] TOOL_BINDING_API ImportedTools import_tools(std::string_view text,
+                                                          Unsayable unsayable = Unsayable::left_out);
 
 }  // namespace tool_binding::json
-
-#pragma GCC visibility pop

@@ -6,9 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/value.hpp"
-
-#pragma GCC visibility push(default)
 
 /// Values to JSON text (RFC 8259) on one line, as in {"tool": "search", "arguments": {"limit": 5}}.
 ///
@@ -25,7 +24,7 @@ namespace tool_binding::json {
 /// A value is written as a whole, or piece by piece, the names and values of an object in turns:
 /// `open_object(); write_name("tool"); write("search"); close_object();` gives {"tool": "search"}. Commas are put where
 /// they belong.
-class Writer {
+class TOOL_BINDING_API Writer {
  public:
   Writer() = default;
   Writer(const Writer&) = delete;
@@ -85,8 +84,6 @@ class Writer {
   std::vector<Open> open_;
 };
 
-[[nodiscard]] std::string write(const Value& value);
+[[nodiscard]] TOOL_BINDING_API std::string write(const Value& value);
 
 }  // namespace tool_binding::json
-
-#pragma GCC visibility pop

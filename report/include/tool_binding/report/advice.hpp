@@ -6,9 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/report/report.hpp"
-
-#pragma GCC visibility push(default)
 
 /// What to declare otherwise, as far as a report has the evidence for it.
 namespace tool_binding::report {
@@ -30,8 +29,8 @@ struct Evidence {
   std::string_view words;     ///< the rule in a sentence
 };
 
-[[nodiscard]] std::string_view word_of(Rule rule) noexcept;
-[[nodiscard]] const Evidence& evidence_for(Rule rule) noexcept;
+[[nodiscard]] TOOL_BINDING_API std::string_view word_of(Rule rule) noexcept;
+[[nodiscard]] TOOL_BINDING_API const Evidence& evidence_for(Rule rule) noexcept;
 
 /// One thing to declare otherwise.
 struct Advice {
@@ -46,8 +45,6 @@ struct Advice {
 };
 
 /// All that the rules say of a report: what has the most occurrences behind it first, what can go last.
-[[nodiscard]] std::vector<Advice> advice_on(const Report& report);
+[[nodiscard]] TOOL_BINDING_API std::vector<Advice> advice_on(const Report& report);
 
 }  // namespace tool_binding::report
-
-#pragma GCC visibility pop

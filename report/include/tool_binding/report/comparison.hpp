@@ -9,11 +9,10 @@
 #include <tuple>
 #include <vector>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/registry_check.hpp"
 #include "tool_binding/report/pages.hpp"
 #include "tool_binding/report/report.hpp"
-
-#pragma GCC visibility push(default)
 
 /// What a changed registry does to recorded requests.
 namespace tool_binding::report {
@@ -28,10 +27,10 @@ enum class Change : std::uint8_t {
 };
 
 /// The stable snake_case word of a change.
-[[nodiscard]] std::string_view word_of(Change change) noexcept;
+[[nodiscard]] TOOL_BINDING_API std::string_view word_of(Change change) noexcept;
 
 /// Whether a request that changes so means something else to its caller, or nothing any more.
-[[nodiscard]] bool is_worse(Change change) noexcept;
+[[nodiscard]] TOOL_BINDING_API bool is_worse(Change change) noexcept;
 
 /// The tools of a registry, and the handlers by whose signatures their keywords are made.
 struct Registry {
@@ -51,7 +50,7 @@ struct Answer {
 };
 
 /// An answer as data: {"arguments": …, "notes": …, "keywords": …} or {"error": …, "message": …}.
-[[nodiscard]] Value answer_value(const Answer& answer);
+[[nodiscard]] TOOL_BINDING_API Value answer_value(const Answer& answer);
 
 /// A request that is answered otherwise.
 struct Difference {
@@ -64,8 +63,8 @@ struct Difference {
 
 /// The change of one request, no value where both registries answer alike. Throws only what admission throws for a
 /// faulty declaration. May be called by several threads at once.
-[[nodiscard]] std::optional<Difference> compare(const Registry& before, const Registry& after, const Text& tool,
-                                                const ArgumentMap& arguments);
+[[nodiscard]] TOOL_BINDING_API std::optional<Difference> compare(const Registry& before, const Registry& after,
+                                                                 const Text& tool, const ArgumentMap& arguments);
 
 /// A tool that the changed registry lacks.
 struct GoneTool {
@@ -74,10 +73,10 @@ struct GoneTool {
 };
 
 /// The tools of `before` that `after` lacks, in their order.
-[[nodiscard]] std::vector<GoneTool> gone_tools(const Registry& before, const Registry& after);
+[[nodiscard]] TOOL_BINDING_API std::vector<GoneTool> gone_tools(const Registry& before, const Registry& after);
 
 /// What was counted over all requests.
-struct Comparison {
+struct TOOL_BINDING_API Comparison {
   /// The tool, the change and its cause: as many as registries make, whatever callers send.
   using Key = std::tuple<Text, Change, Text>;
 
@@ -98,9 +97,7 @@ struct Comparison {
 };
 
 /// The comparison for programs, and for people.
-[[nodiscard]] Value comparison_value(const Comparison& comparison);
-[[nodiscard]] std::string text_page(const Comparison& comparison, const TextStyle& style);
+[[nodiscard]] TOOL_BINDING_API Value comparison_value(const Comparison& comparison);
+[[nodiscard]] TOOL_BINDING_API std::string text_page(const Comparison& comparison, const TextStyle& style);
 
 }  // namespace tool_binding::report
-
-#pragma GCC visibility pop

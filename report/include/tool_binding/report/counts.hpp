@@ -8,9 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/text.hpp"
-
-#pragma GCC visibility push(default)
 
 /// How often names and values came, in bounded memory.
 namespace tool_binding::report {
@@ -26,7 +25,7 @@ struct Example {
 
 /// `text` as an example shows it: cut before the code point that would make it longer than 240 bytes, with "…" for the
 /// rest.
-[[nodiscard]] Text shortened(std::string_view text);
+[[nodiscard]] TOOL_BINDING_API Text shortened(std::string_view text);
 
 /// How often one name or value came.
 struct Count {
@@ -43,7 +42,7 @@ struct Count {
 /// of them are left: a count is then too low by at most `shortfall()`, and what is not held came at most so often. The
 /// shortfall is at most twice the number of all occurrences, divided by the limit. What is held depends on the order of
 /// the occurrences, and on nothing else.
-class Counts {
+class TOOL_BINDING_API Counts {
  public:
   explicit Counts(std::size_t limit) : limit_(limit) {}
 
@@ -71,5 +70,3 @@ class Counts {
 };
 
 }  // namespace tool_binding::report
-
-#pragma GCC visibility pop

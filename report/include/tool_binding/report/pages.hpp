@@ -5,9 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/report/report.hpp"
-
-#pragma GCC visibility push(default)
 
 /// Reports for people.
 namespace tool_binding::report {
@@ -24,12 +23,10 @@ struct TextStyle {
 };
 
 /// The report as aligned text with bars. Texts from requests stand with everything escaped that a terminal would obey.
-[[nodiscard]] std::string text_page(const Report& report, const TextStyle& style);
+[[nodiscard]] TOOL_BINDING_API std::string text_page(const Report& report, const TextStyle& style);
 
 /// The report as one HTML page that needs nothing from elsewhere and runs nothing, light or dark as its reader has it.
 /// Every text from a request is escaped.
-[[nodiscard]] std::string html_page(const Report& report);
+[[nodiscard]] TOOL_BINDING_API std::string html_page(const Report& report);
 
 }  // namespace tool_binding::report
-
-#pragma GCC visibility pop

@@ -10,10 +10,9 @@
 #include <vector>
 
 #include "tool_binding/admission.hpp"
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/report/counts.hpp"
 #include "tool_binding/tool_registry.hpp"
-
-#pragma GCC visibility push(default)
 
 /// What the callers of a registry's tools get right and wrong, counted over recorded requests.
 namespace tool_binding::report {
@@ -41,10 +40,10 @@ enum class Seen : std::uint8_t {
 };
 
 /// The stable snake_case word of a kind: that of the finding where it is one.
-[[nodiscard]] std::string_view word_of(Seen seen) noexcept;
+[[nodiscard]] TOOL_BINDING_API std::string_view word_of(Seen seen) noexcept;
 
 /// How requests ended. A repaired one was admitted after something was read otherwise than it was sent.
-struct Outcomes {
+struct TOOL_BINDING_API Outcomes {
   std::uint64_t clean = 0;
   std::uint64_t repaired = 0;
   std::uint64_t refused = 0;
@@ -55,7 +54,7 @@ struct Outcomes {
 };
 
 /// One kind of sight for one parameter, with the names or values that were seen.
-struct Row {
+struct TOOL_BINDING_API Row {
   /// Stands for no parameter.
   static constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
 
@@ -87,7 +86,7 @@ struct ToolUse {
 };
 
 /// All that was counted.
-struct Report {
+struct TOOL_BINDING_API Report {
   /// An empty report on the tools of a table.
   explicit Report(const ToolTable& table);
   /// One that is to be filled by hand.
@@ -108,11 +107,9 @@ struct Report {
 };
 
 /// A report as data for programs, with the advice that follows from it; an object that `report_of` reads.
-[[nodiscard]] Value report_value(const Report& report);
+[[nodiscard]] TOOL_BINDING_API Value report_value(const Report& report);
 
 /// The report that a value spells. Throws ValueError for any other value.
-[[nodiscard]] Report report_of(const Value& value);
+[[nodiscard]] TOOL_BINDING_API Report report_of(const Value& value);
 
 }  // namespace tool_binding::report
-
-#pragma GCC visibility pop

@@ -8,9 +8,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/report/report.hpp"
-
-#pragma GCC visibility push(default)
 
 /// Counting requests, in any number of threads, with the same report whatever their number.
 namespace tool_binding::report {
@@ -36,7 +35,7 @@ struct Sight {
 
 /// Looks at requests. For one thread; what is counted without regard to order is kept here, and what needs it is given
 /// to `sights`.
-class Observer {
+class TOOL_BINDING_API Observer {
  public:
   /// The table is to live as long as this object, and not to be added to.
   explicit Observer(const ToolTable& table);
@@ -60,18 +59,16 @@ class Observer {
 };
 
 /// Sights of what is no request to a tool: one for a tool that is not declared, one for a line that is no request.
-[[nodiscard]] Sight sight_of_unknown_tool(const Text& name, const Place& place);
-[[nodiscard]] Sight sight_of_no_request(const Text& reason, const Place& place);
+[[nodiscard]] TOOL_BINDING_API Sight sight_of_unknown_tool(const Text& name, const Place& place);
+[[nodiscard]] TOOL_BINDING_API Sight sight_of_no_request(const Text& reason, const Place& place);
 
 /// Adds what was seen to a report, in the order of the requests. `file` is what examples are named by.
-void count(Report& report, std::span<const Sight> sights, const Text& file);
+TOOL_BINDING_API void count(Report& report, std::span<const Sight> sights, const Text& file);
 
 /// Adds sights to one row.
-void count(Row& row, std::span<const Sight> sights, const Text& file);
+TOOL_BINDING_API void count(Row& row, std::span<const Sight> sights, const Text& file);
 
 /// Adds what an observer has counted; the order of the observers makes no difference.
-void count(Report& report, const Observer& observer);
+TOOL_BINDING_API void count(Report& report, const Observer& observer);
 
 }  // namespace tool_binding::report
-
-#pragma GCC visibility pop

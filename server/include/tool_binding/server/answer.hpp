@@ -10,11 +10,10 @@
 #include <utility>
 #include <vector>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/errors.hpp"
 #include "tool_binding/text.hpp"
 #include "tool_binding/value.hpp"
-
-#pragma GCC visibility push(default)
 
 /// What a tool's handler answers with.
 namespace tool_binding::server {
@@ -30,7 +29,7 @@ struct ResourceLink {
 };
 
 /// One block of an answer. A client whose version of the protocol lacks the kind of a block gets words instead of it.
-class Content {
+class TOOL_BINDING_API Content {
  public:
   enum class Kind : std::uint8_t { text, image, audio, link, resource };
 
@@ -63,7 +62,7 @@ class Content {
 };
 
 /// What comes of a call: content, a structured value, or an error that the caller is to read and mend the call by.
-class Answer {
+class TOOL_BINDING_API Answer {
  public:
   // NOLINTBEGIN(google-explicit-constructor)
   /// A text is content. Any other value is structured, and stands as JSON in the content too.
@@ -93,5 +92,3 @@ class Answer {
 };
 
 }  // namespace tool_binding::server
-
-#pragma GCC visibility pop

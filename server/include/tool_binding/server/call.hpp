@@ -8,9 +8,8 @@
 #include <string_view>
 #include <utility>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/value.hpp"
-
-#pragma GCC visibility push(default)
 
 namespace tool_binding::server {
 
@@ -26,7 +25,7 @@ class CallerLink;
 ///
 /// Lives for the call. May be used from any number of threads at once. What is said here reaches the caller before the
 /// answer; what is said once the call has ended, or was cancelled, reaches nobody.
-class Call {
+class TOOL_BINDING_API Call {
  public:
   /// A call that nobody listens to, and nobody cancels: for tests of handlers.
   Call() = default;
@@ -57,5 +56,3 @@ class Call {
 };
 
 }  // namespace tool_binding::server
-
-#pragma GCC visibility pop

@@ -6,12 +6,11 @@
 #include <optional>
 #include <utility>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/handler.hpp"
 #include "tool_binding/server/answer.hpp"
 #include "tool_binding/tool_registry.hpp"
 #include "tool_binding/typed_handler.hpp"
-
-#pragma GCC visibility push(default)
 
 namespace tool_binding::server {
 
@@ -19,7 +18,7 @@ namespace tool_binding::server {
 /// be made of; or a Handler.
 ///
 /// With more than one worker it is called from several threads at once.
-class ToolHandler {
+class TOOL_BINDING_API ToolHandler {
  public:
   using Function = std::function<Answer(const KeywordArguments&)>;
 
@@ -63,5 +62,3 @@ struct ServedTool {
 };
 
 }  // namespace tool_binding::server
-
-#pragma GCC visibility pop

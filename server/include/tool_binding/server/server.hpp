@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tool_binding/detail/export.hpp"
 #include "tool_binding/handler.hpp"
 #include "tool_binding/json/tool_list.hpp"
 #include "tool_binding/server/answer.hpp"
@@ -16,8 +17,6 @@
 #include "tool_binding/server/served_tool.hpp"
 #include "tool_binding/text.hpp"
 #include "tool_binding/tool_registry.hpp"
-
-#pragma GCC visibility push(default)
 
 /// A server of tools for clients of the Model Context Protocol, in the versions 2024-11-05, 2025-03-26, 2025-06-18,
 /// 2025-11-25 and 2026-07-28.
@@ -76,7 +75,7 @@ class Conversation;
 
 /// The tools and their handlers, ready to be served. Immutable, copied without copying its content; any number of
 /// clients may be served at once.
-class Server {
+class TOOL_BINDING_API Server {
  public:
   /// Throws RegistryError with every error of the declarations, and of handlers that do not fit them; ValueError for a
   /// context item of a name under which a handler takes its call.
@@ -95,7 +94,7 @@ class Server {
 };
 
 /// One client of a server over a transport of the daemon's own.
-class Session {
+class TOOL_BINDING_API Session {
  public:
   /// Takes a message for the client that answers nothing: progress, log, and the answers of open subscriptions.
   /// Called from the thread of `answer` or `end`, and from those of handlers. May throw nothing.
@@ -117,5 +116,3 @@ class Session {
 };
 
 }  // namespace tool_binding::server
-
-#pragma GCC visibility pop
