@@ -24,7 +24,7 @@ struct Request {
   std::string_view text;
 };
 
-/// A needs no change, B needs one in nearly every argument, C is refused for two reasons.
+/// A needs no change, B needs one in nearly every argument, C is refused for three reasons.
 inline constexpr std::array<Request, 3> requests = {{
     {"A",
      R"({"query":"parse config file","limit":25,"regex":true,"kinds":["function","class"],"threshold":0.75,"mode":"fuzzy"})"},

@@ -1,11 +1,16 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""The measuring half of tools/sizes: BUILD is a folder with the stripped libraries; --markdown writes table rows."""
+"""The measuring half of tools/sizes: BUILD is a folder with the stripped libraries; --renew writes the table
+in docs/costs.md."""
 import argparse
 import pathlib
 import resource
 import statistics
 import subprocess
+import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "bench"))
+import pages  # noqa: E402
 
 RUNS = 9
 COMPILE = ["c++", "-std=c++20", "-O2", "-Iinclude", "-fsyntax-only", "-x", "c++", "-"]
@@ -36,7 +41,7 @@ def simdjson_size():
 
 parser = argparse.ArgumentParser(description=__doc__)
 parser.add_argument("build", type=pathlib.Path)
-parser.add_argument("--markdown", action="store_true")
+parser.add_argument("--renew", action="store_true")
 options = parser.parse_args()
 
 layer, adapter = ((options.build / f"lib{name}.stripped.so").stat().st_size
@@ -48,7 +53,10 @@ rows = [
     ("the JSON adapter, stripped shared library", f"{adapter / 1024:.0f} KiB",
      f"{adapter / simdjson_size():.2f} × Debian's libsimdjson"),
     ("compiling an empty main with the public header", f"{public * 1000:.0f} ms",
-     f"{public / familiar:.2f} × with <functional>, <map>, <memory>, <string>, <vector>"),
+     f"{public / familiar:.2f} × with `<functional>`, `<map>`, `<memory>`, `<string>`, `<vector>`"),
 ]
 for row in rows:
-    print("| " + " | ".join(row) + " |" if options.markdown else "{:<48} {:>9}   {}".format(*row))
+    print("{:<48} {:>9}   {}".format(*row))
+if options.renew:
+    pages.write("costs.md", "sizes", ["| what | cost | beside |", "|---|---|---|",
+                                      *("| " + " | ".join(row) + " |" for row in rows)])
