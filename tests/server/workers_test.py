@@ -183,7 +183,8 @@ def nobody_reads_the_answers():
 
 
 for test in (answers_come_as_they_are_ready, a_cancelled_call_is_not_answered, a_batch_is_answered_when_its_last_call_is,
-             calls_are_bounded, a_call_that_takes_too_long_is_answered_while_its_handler_goes_on, what_runs_at_the_end_is_finished, or_cancelled, or_given_up,
+             calls_are_bounded, a_call_that_takes_too_long_is_answered_while_its_handler_goes_on,
+             what_runs_at_the_end_is_finished, or_cancelled, or_given_up,
              a_call_in_the_reading_thread_is_answered_before_the_next_is_read, nobody_reads_the_answers):
     print(test.__name__, flush=True)
     signal.signal(signal.SIGPIPE, signal.SIG_IGN)
