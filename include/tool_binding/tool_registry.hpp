@@ -43,8 +43,8 @@ class TOOL_BINDING_API ActionName {
   constexpr ActionName(const char* name)            // NOLINT(google-explicit-constructor)
       : name_(name == nullptr ? std::nullopt : std::optional<std::string_view>(name)) {}
   template <std::convertible_to<std::string_view> Name>
-  constexpr ActionName(const Name& name TOOL_BINDING_LIFETIMEBOUND)
-      : name_(name) {}  // NOLINT(google-explicit-constructor)
+  constexpr ActionName(const Name& name TOOL_BINDING_LIFETIMEBOUND)  // NOLINT(google-explicit-constructor)
+      : name_(name) {}
   template <std::convertible_to<std::string_view> Name>
   constexpr ActionName(const std::optional<Name>& name)  // NOLINT(google-explicit-constructor)
       : name_(name ? std::optional<std::string_view>(*name) : std::nullopt) {}

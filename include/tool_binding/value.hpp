@@ -200,7 +200,7 @@ class TOOL_BINDING_API Value {
                                    Kind::text,    Kind::integer,  Kind::list, Kind::mapping, Kind::null};
 
   explicit Value(const detail::Cell& cell) noexcept : cell_(cell) {}
-  explicit Value(detail::Cell&& cell) noexcept : cell_(std::move(cell)) {}
+  explicit Value(detail::Cell&& cell) noexcept : cell_(cell, detail::Tag::null) {}
 
   static detail::Cell list_of(std::span<Value> items);
   static detail::Cell mapping_of(ArgumentMap&& entries);
