@@ -134,11 +134,15 @@ static_assert(sizeof(Integer) == 16);
 
 }  // namespace tool_binding
 
+namespace std {
+
 /// Equal for equal integers.
 template <>
-struct std::hash<tool_binding::Integer> {
+struct hash<tool_binding::Integer> {
   [[nodiscard]] std::size_t operator()(const tool_binding::Integer& integer) const noexcept {
     return integer.is_wide() ? std::hash<std::string_view>{}(integer.digits())
                              : std::hash<std::int64_t>{}(integer.small());
   }
 };
+
+}  // namespace std

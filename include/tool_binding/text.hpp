@@ -108,10 +108,14 @@ inline const detail::Cell& detail::cell_of(const Text& text) noexcept { return t
 
 }  // namespace tool_binding
 
+namespace std {
+
 /// The hash of the bytes, consistent with equality to any other kind of text.
 template <>
-struct std::hash<tool_binding::Text> {
+struct hash<tool_binding::Text> {
   [[nodiscard]] std::size_t operator()(const tool_binding::Text& text) const noexcept {
     return std::hash<std::string_view>{}(text.view());
   }
 };
+
+}  // namespace std

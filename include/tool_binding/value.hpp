@@ -228,9 +228,13 @@ static_assert(sizeof(Value) == 16);
 
 }  // namespace tool_binding
 
+namespace std {
+
 /// Equal for equal values, whose kinds are the same: 1, 1.0 and true differ. Throws std::bad_alloc when no memory is
 /// left for the walk through nested values.
 template <>
-struct std::hash<tool_binding::Value> {
+struct hash<tool_binding::Value> {
   [[nodiscard]] std::size_t operator()(const tool_binding::Value& value) const;
 };
+
+}  // namespace std
