@@ -35,9 +35,9 @@ struct Surroundings {
 };
 
 /// Answers requests, each with the keywords that its handler would be called with. For one thread.
-class Answering {
+class RequestAnswerer {
  public:
-  explicit Answering(const Surroundings& surroundings) : surroundings_(surroundings) {}
+  explicit RequestAnswerer(const Surroundings& surroundings) : surroundings_(surroundings) {}
 
   Outcome answer(const Line& line, json::Writer& out) {
     Envelope envelope;
@@ -104,8 +104,8 @@ class Answering {
 ExitStatus answer_requests(const AdmitOptions& options) {
   const Surroundings surroundings(options);
   return answer_lines(options.files, [&] {
-    const auto answering = std::make_shared<Answering>(surroundings);
-    return [answering](const Line& line, json::Writer& out) { return answering->answer(line, out); };
+    const auto answerer = std::make_shared<RequestAnswerer>(surroundings);
+    return [answerer](const Line& line, json::Writer& out) { return answerer->answer(line, out); };
   });
 }
 

@@ -81,7 +81,7 @@ void add_sent(Page& page, const ArgumentMap& arguments) {
 const Value* default_action_of(const Request& request) {
   const Value* const action = request.admission.arguments().find(ACTION_PARAM);
   const Value* const sent = request.arguments.find(ACTION_PARAM);
-  const bool is_named = action != nullptr && sent != nullptr && what_became(request, ACTION_PARAM, *sent).value;
+  const bool is_named = action != nullptr && sent != nullptr && treatment_of(request, ACTION_PARAM, *sent).value;
   return is_named ? nullptr : action;
 }
 
@@ -92,8 +92,8 @@ void add_arguments(Page& page, const Request& request) {
     if (is_refused(request.admission, name)) {
       continue;
     }
-    const Became became = what_became(request, name, value);
-    rows.push_back({became.name, became.value ? json::write(*became.value) : "left out", became.reason});
+    const Treatment treatment = treatment_of(request, name, value);
+    rows.push_back({treatment.name, treatment.value ? json::write(*treatment.value) : "left out", treatment.reason});
   }
   if (const Value* const action = default_action_of(request)) {
     rows.push_back({std::string(ACTION_PARAM), json::write(*action), "the default action"});

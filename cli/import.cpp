@@ -25,7 +25,7 @@ struct Import {
 json::ImportedTools read_tools(const Import& import) {
   const std::string text = read_file(import.path);
   try {
-    return json::import_tools(text, import.is_lenient ? json::Unsayable::takes_text : json::Unsayable::left_out);
+    return json::import_tools(text, import.is_lenient ? json::Undeclarable::takes_text : json::Undeclarable::left_out);
   } catch (const ValueError& error) {
     throw UnusableFile(import.path, error.message());
   }

@@ -39,18 +39,18 @@ class ArgumentFindings {
   const Text& argument_;
 };
 
-/// Why one value became the other, where no bound took part.
-std::string change(const ParamSpec* param, const Value& sent, const Value& became) {
-  if (are_alike(sent, became)) {
+/// Why one value was used for the other, where no bound took part.
+std::string change(const ParamSpec* param, const Value& sent, const Value& used) {
+  if (are_alike(sent, used)) {
     return {};
   }
   if (param == nullptr || !param->enum_.empty()) {
     return quoted_form(sent) + " read as declared";
   }
-  if (sent.kind() == became.kind()) {
+  if (sent.kind() == used.kind()) {
     return "items read as text";
   }
-  return std::string(kind_words(sent.kind())).append(" read as ").append(kind_words(became.kind()));
+  return std::string(kind_words(sent.kind())).append(" read as ").append(kind_words(used.kind()));
 }
 
 std::string joined(const std::vector<std::string>& reasons) {
@@ -97,7 +97,7 @@ bool is_refused(const Admission& admission, const Text& argument) {
   return ArgumentFindings(admission, argument).has_problem();
 }
 
-Became what_became(const Request& request, const Text& name, const Value& sent) {
+Treatment treatment_of(const Request& request, const Text& name, const Value& sent) {
   const ParamSpec* const param = name == ACTION_PARAM ? nullptr : request.tool.param(name);
   if (std::string reason = why_left_out(request, name, param, sent); !reason.empty()) {
     return {std::string(name), std::nullopt, std::move(reason)};

@@ -17,7 +17,7 @@ struct Request {
 };
 
 /// What became of one argument.
-struct Became {
+struct Treatment {
   std::string name;            ///< the declared one, or the one sent where nothing was admitted
   std::optional<Value> value;  ///< none for an argument that was left out
   std::string reason;          ///< empty where nothing was changed
@@ -27,7 +27,7 @@ struct Became {
 [[nodiscard]] bool is_refused(const Admission& admission, const Text& argument);
 
 /// What became of an argument of the request that is not a problem.
-[[nodiscard]] Became what_became(const Request& request, const Text& name, const Value& sent);
+[[nodiscard]] Treatment treatment_of(const Request& request, const Text& name, const Value& sent);
 
 /// Why the handler gets what it gets for a parameter that was not sent.
 [[nodiscard]] std::string why_default(const ToolSpec& tool, const Text& name, const ArgumentMap& bound);

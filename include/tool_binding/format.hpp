@@ -12,7 +12,8 @@
 
 /// Texts, integers and values for std::format, where the standard library has it; without it this header is empty.
 ///
-/// Each takes what a std::string_view takes: "{:>20}". A Value stands in its plain form, after "?" in its quoted form:
+/// Each takes what a std::string_view takes: "{:>20}". A Value is written in its plain form, after "?" in its quoted
+/// form:
 /// "{:?}", "{:?>20}" being a fill as ever.
 
 template <>

@@ -37,7 +37,7 @@ class Integer;
 /// An integer of any width, 16 bytes, copied without copying its digits.
 ///
 /// It is read, written, compared and turned into a double or made from one; nothing is calculated with it. An integer
-/// of 64 bits stands in the object itself, a wider one as its canonical decimal digits in a shared node. Every
+/// of 64 bits is held in the object itself, a wider one as its canonical decimal digits in a shared node. Every
 /// operation is linear in the number of digits, and none depends on a locale. An integer that is moved from is zero.
 class TOOL_BINDING_API Integer {
  public:

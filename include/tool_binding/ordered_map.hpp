@@ -58,8 +58,8 @@ struct MapEntry {
 /// An insertion-ordered map from name to `Mapped`, the map under `ArgumentMap` and `KeywordArguments`.
 ///
 /// Setting a name that is already held replaces the value and leaves the entry in its place; any other name is
-/// appended. Entries stand in one contiguous block. Up to `linear_search_limit` of them are searched one by one; in a
-/// larger map the first search makes an ordered index, so that n searches cost n log n whoever chose the names.
+/// appended. Entries are kept in one contiguous block. Up to `linear_search_limit` of them are searched one by one; in
+/// a larger map the first search makes an ordered index, so that n searches cost n log n whoever chose the names.
 /// Reading one map from several threads is safe, the making of that index included. A map that is moved from is empty.
 template <class Mapped>
 class OrderedMap {

@@ -133,6 +133,6 @@ using Handlers = OrderedMap<Handler>;
 [[nodiscard]] TOOL_BINDING_API std::string item_place(std::string_view parent, std::size_t index);
 
 /// Whether `inner` is `outer` or is within it.
-[[nodiscard]] TOOL_BINDING_API bool stands_within(std::string_view inner, std::string_view outer) noexcept;
+[[nodiscard]] TOOL_BINDING_API bool is_place_within(std::string_view inner, std::string_view outer) noexcept;
 
 }  // namespace tool_binding

@@ -28,8 +28,8 @@ concept TextLike = !std::same_as<Bytes, Text> && std::convertible_to<const Bytes
 /// An immutable text of 16 bytes that is copied without copying its content.
 ///
 /// A text is a sequence of Unicode code points held as UTF-8. Any bytes are accepted and travel unchanged: a lone
-/// surrogate stands in its three-byte form, and a byte that is not part of well-formed text counts as the lone
-/// surrogate U+DC00 + byte wherever code points are asked for. Texts of up to 15 bytes stand in the object itself,
+/// surrogate has its three-byte form, and a byte that is not part of well-formed text counts as the lone
+/// surrogate U+DC00 + byte wherever code points are asked for. Texts of up to 15 bytes are held in the object itself,
 /// longer ones in a shared node. Equality and order are those of the bytes. A text that is moved from is empty.
 class TOOL_BINDING_API Text {
  public:
@@ -91,7 +91,7 @@ class TOOL_BINDING_API Text {
     return std::string(left).append(std::string_view(right));
   }
 
-  /// Writes the bytes as they stand.
+  /// Writes the bytes as they are.
   friend TOOL_BINDING_API std::ostream& operator<<(std::ostream& out, const Text& text);
 
  private:

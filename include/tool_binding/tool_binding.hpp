@@ -87,7 +87,7 @@ namespace detail {
 }
 
 /// The refusal of a call that runs `action` and does not give what it needs, null when nothing is missing. `arguments`
-/// stand under declared names; blank text and empty lists count as not given.
+/// are kept under declared names; blank text and empty lists count as not given.
 [[nodiscard]] TOOL_BINDING_API std::optional<std::string> missing_arguments(std::string_view tool, ActionName action,
                                                                             const ArgumentMap& arguments);
 [[nodiscard]] TOOL_BINDING_API std::optional<std::string> missing_arguments(const ToolSpec& tool, ActionName action,

@@ -165,7 +165,7 @@ class TOOL_BINDING_API ToolTable {
   ToolTable(const ToolTable&) = delete;
   ToolTable& operator=(const ToolTable&) = delete;
 
-  /// Adds a tool, or several in their order. Throws ValueError for a name that the table holds already or that stands
+  /// Adds a tool, or several in their order. Throws ValueError for a name that the table holds already or that occurs
   /// twice. Whatever is thrown, std::bad_alloc included, the table holds what it held. Not to be called once requests
   /// are answered.
   void add(const ToolSpec& tool) { add(std::span(&tool, 1)); }
@@ -178,7 +178,7 @@ class TOOL_BINDING_API ToolTable {
   /// The tool of that name, null when there is none.
   [[nodiscard]] const ToolSpec* find(std::string_view name) const noexcept;
 
-  /// Every tool, in declared order. What was added later stands in it, too.
+  /// Every tool, in declared order. What is added later is in it, too.
   [[nodiscard]] const std::deque<ToolSpec>& all() const;
 
  private:

@@ -44,11 +44,11 @@ enum class Kind : std::uint8_t { null, boolean, integer, floating, text, list, m
 
 /// A dynamic value as a request carries it, immutable, 16 bytes.
 ///
-/// Null, booleans, 64-bit integers, doubles and texts of up to 15 bytes stand in the object itself. Longer texts, wider
-/// integers, lists and mappings stand in shared immutable nodes, so that a copy costs the same whatever it holds.
-/// Values may be nested to any depth: destroying, comparing and writing one does not recurse. Copies may be used from
-/// different threads; one object that is assigned to needs its owner's care, as any other. A value that is moved from
-/// is null.
+/// Null, booleans, 64-bit integers, doubles and texts of up to 15 bytes are held in the object itself. Longer texts,
+/// wider integers, lists and mappings are held in shared immutable nodes, so that a copy costs the same whatever it
+/// holds. Values may be nested to any depth: destroying, comparing and writing one does not recurse. Copies may be used
+/// from different threads; one object that is assigned to needs its owner's care, as any other. A value that is moved
+/// from is null.
 ///
 /// Lists and mappings are made of what holds their items, or written as `Value::list({1, "a"})` and
 /// `Value::mapping({{"a", 1}})`. Braces alone make neither: `Value{{"a", 1}}`, which could be meant as both, is refused
@@ -84,7 +84,7 @@ class TOOL_BINDING_API Value {
   Value(const Range& range)  // NOLINT(google-explicit-constructor)
       : Value(std::vector<Value>(std::begin(range), std::end(range))) {}
   /// A mapping with the entries of a range of pairs, as std::map is, in their order; set one after another, should a
-  /// name stand twice.
+  /// name occur twice.
   template <detail::Named Range>
   Value(const Range& range) : Value(ArgumentMap(range)) {}  // NOLINT(google-explicit-constructor)
 
@@ -217,12 +217,12 @@ class TOOL_BINDING_API Value {
 
 static_assert(sizeof(Value) == 16);
 
-/// The plain form: how a message, or a list of texts, inserts a value as text. A text stands unchanged, 5.0 is "5.0",
+/// The plain form: how a message, or a list of texts, inserts a value as text. A text is unchanged, 5.0 is "5.0",
 /// true "True", null "None", a list "[1, 'a']", a mapping "{'a': 1}". Floating numbers take the fewest digits that read
 /// back as the same double (IEEE 754).
 [[nodiscard]] TOOL_BINDING_API Text plain_form(const Value& value);
 
-/// The quoted form: how a message shows a value as it was sent. A text stands between quotes with what cannot be
+/// The quoted form: how a message shows a value as it was sent. A text is put between quotes with what cannot be
 /// printed escaped; any other value as in its plain form.
 [[nodiscard]] TOOL_BINDING_API std::string quoted_form(const Value& value);
 

@@ -86,11 +86,11 @@ void Importing::read_schema_of_tool() {
   const std::string place = member_place(listed_.place, listed_.schema_key);
   const bool properties_alone = is_properties_alone(listed_.schema.mapping());
   const SchemaReading reading = properties_alone
-                                    ? SchemaReading{.unsayable = "an object"}
+                                    ? SchemaReading{.undeclarable = "an object"}
                                     : read_schema(without_conditions(listed_.schema.mapping()), listed_.schema);
   const Value whole(reading.members);
   const bool is_union = member_of(listed_.schema, "anyOf").is_list() || member_of(listed_.schema, "oneOf").is_list();
-  if (reading.type || (reading.unsayable != "an object" && reading.unsayable != "any value") ||
+  if (reading.type || (reading.undeclarable != "an object" && reading.undeclarable != "any value") ||
       (is_union && !reading.members.contains("properties"))) {
     remarks_.leave_out(is_union ? "its arguments are a union" : "its schema is not that of an object");
     return;

@@ -27,8 +27,8 @@ struct ListedTool {
 /// Reads one tool of a list.
 class Importing {
  public:
-  Importing(const ListedTool& listed, Unsayable unsayable, ToolRemarks& remarks)
-      : listed_(listed), unsayable_(unsayable), remarks_(remarks) {}
+  Importing(const ListedTool& listed, Undeclarable undeclarable, ToolRemarks& remarks)
+      : listed_(listed), undeclarable_(undeclarable), remarks_(remarks) {}
 
   /// The tool as far as it can be declared; of no use where the remarks leave it out.
   [[nodiscard]] ToolDeclaration read();
@@ -64,7 +64,7 @@ class Importing {
   void decide_on_blank(ParamSpec& param, const ArgumentMap& members) const;
 
   const ListedTool& listed_;
-  Unsayable unsayable_;
+  Undeclarable undeclarable_;
   ToolRemarks& remarks_;
   std::set<Text> required_;
   ToolDeclaration tool_;

@@ -71,8 +71,8 @@ void Importing::read_property(const Text& name, const Value& schema, const std::
                   .required = required_.contains(name)};
   if (reading.type) {
     read_rules(param, reading, place);
-  } else if (unsayable_ == Unsayable::left_out) {
-    leave_out(name, "cannot be " + reading.unsayable, place);
+  } else if (undeclarable_ == Undeclarable::left_out) {
+    leave_out(name, "cannot be " + reading.undeclarable, place);
     return;
   } else {
     read_unsayable(param, reading, place);
@@ -93,9 +93,9 @@ void Importing::leave_out(const Text& name, const std::string& reason, const std
 void Importing::read_unsayable(ParamSpec& param, const SchemaReading& reading, const std::string& place) {
   const std::string_view hint = reading.allows_text ? "Send it as text." : "Send it as text that holds JSON.";
   param.description = std::string(param.description).append(param.description.empty() ? "" : "\n").append(hint);
-  remarks_.add(
-      Kind::rule_lost, param.name, place,
-      "cannot be " + reading.unsayable + (reading.allows_text ? ": it takes text" : ": it takes text that holds JSON"));
+  remarks_.add(Kind::rule_lost, param.name, place,
+               "cannot be " + reading.undeclarable +
+                   (reading.allows_text ? ": it takes text" : ": it takes text that holds JSON"));
   if (const Value& value = member_of(reading.members, "default"); !value.is_null()) {
     param.default_ = value.is_text() ? value : Value(write(value));
     param.blank_is_value = is_blank(param.default_.text());
@@ -132,8 +132,8 @@ void Importing::read_items(ParamSpec& param, const Value& items, const std::stri
   const SchemaReading reading = read_schema(items, listed_.schema);
   if (reading.type == "string") {
     param.items_type = "string";
-  } else if (reading.type || reading.unsayable != "any value") {
-    const std::string what = reading.type ? with_article(*reading.type) : reading.unsayable;
+  } else if (reading.type || reading.undeclarable != "any value") {
+    const std::string what = reading.type ? with_article(*reading.type) : reading.undeclarable;
     remarks_.add(Kind::rule_lost, param.name, place,
                  "items are taken as they come: that each is " + what + " has no effect");
   }

@@ -107,7 +107,7 @@ const Node* take_child(const Node& parent, std::string_view& place) {
   place.remove_prefix(place.starts_with('.') ? 1 : 0);
   for (std::size_t child = 0; child < parent.names.size(); ++child) {
     const std::string name = member_place("", parent.names[child]);
-    if (stands_within(place, name)) {
+    if (is_place_within(place, name)) {
       place.remove_prefix(name.size());
       return &parent.children[child];
     }

@@ -13,7 +13,7 @@ namespace tool_binding::json {
 namespace {
 
 bool touch(std::string_view left, std::string_view right) noexcept {
-  return stands_within(left, right) || stands_within(right, left);
+  return is_place_within(left, right) || is_place_within(right, left);
 }
 
 /// Adds what was checked of a file to the faults of its shape, each with its line, in the order of the lines. A thing
@@ -22,7 +22,7 @@ void add_checked(std::vector<RegistryFinding>& findings, const Node& root, std::
   const std::vector<RegistryFinding> shape = findings;
   for (RegistryFinding& finding : checked) {
     const auto is_beside = [&](const RegistryFinding& fault) {
-      return is_error(finding.kind) ? !stands_within(finding.place, fault.place) : !touch(finding.place, fault.place);
+      return is_error(finding.kind) ? !is_place_within(finding.place, fault.place) : !touch(finding.place, fault.place);
     };
     if (std::all_of(shape.begin(), shape.end(), is_beside)) {
       finding.line = line_of(root, finding.place);

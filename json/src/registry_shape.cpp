@@ -136,7 +136,7 @@ void read_field(ShapeFaults& faults, const Node& node, const std::string& place,
   const std::span<const RegistryFinding> found = faults.all().subspan(found_before);
   const std::string actions = member_place(place, "actions");
   if (std::any_of(found.begin(), found.end(),
-                  [&](const RegistryFinding& f) { return stands_within(f.place, actions); })) {
+                  [&](const RegistryFinding& f) { return is_place_within(f.place, actions); })) {
     forget_references(entry.tool);
   }
 }

@@ -76,8 +76,8 @@ constexpr auto telltale_keys = std::to_array<TelltaleKey>({{"properties", ""},
                                                            {"maximum", "number"},
                                                            {"multipleOf", "number"}});
 
-SchemaReading unsayable(std::string_view words, ArgumentMap members, bool allows_text = false) {
-  return {.unsayable = std::string(words), .allows_text = allows_text, .members = std::move(members)};
+SchemaReading undeclarable(std::string_view words, ArgumentMap members, bool allows_text = false) {
+  return {.undeclarable = std::string(words), .allows_text = allows_text, .members = std::move(members)};
 }
 
 ArgumentMap without(const ArgumentMap& members, std::string_view key) {
@@ -159,18 +159,18 @@ SchemaReading read_without_type(ArgumentMap members) {
   }
   if (const Value* const values = members.find("enum");
       values != nullptr && values->is_list() && !values->list().empty() && values->list().front().is_null()) {
-    return unsayable(null_alone, std::move(members));
+    return undeclarable(null_alone, std::move(members));
   }
   for (const TelltaleKey& row : telltale_keys) {
     if (members.contains(row.key)) {
-      return row.type.empty() ? unsayable("an object", std::move(members))
+      return row.type.empty() ? undeclarable("an object", std::move(members))
                               : SchemaReading{.type = row.type, .members = std::move(members)};
     }
   }
   if (members.find("not") != nullptr && *members.find("not") == Value(ArgumentMap())) {
-    return unsayable(nothing, std::move(members));
+    return undeclarable(nothing, std::move(members));
   }
-  return unsayable("any value", std::move(members), true);
+  return undeclarable("any value", std::move(members), true);
 }
 
 SchemaReading read_type_word(std::string_view spelling, ArgumentMap members) {
@@ -180,7 +180,7 @@ SchemaReading read_type_word(std::string_view spelling, ArgumentMap members) {
   }
   TypeSpelling read = read_type_spelling(spelling);
   if (!read.type) {
-    return unsayable(read.unsayable, std::move(members), read.unsayable != "an object");
+    return undeclarable(read.undeclarable, std::move(members), read.undeclarable != "an object");
   }
   if (!read.items.empty() && !members.contains("items")) {
     members.set("items", ArgumentMap{{"type", read.items}});
@@ -203,13 +203,13 @@ std::optional<std::string_view> common_type(std::optional<std::string_view> left
 SchemaReading read_types(std::span<const Value> words, const ArgumentMap& members) {
   std::vector<SchemaReading> readings;
   for (const Value& word : words) {
-    SchemaReading reading = word.is_text() ? read_type_word(word.text(), members) : unsayable("any value", members);
-    if (reading.unsayable != null_alone) {
+    SchemaReading reading = word.is_text() ? read_type_word(word.text(), members) : undeclarable("any value", members);
+    if (reading.undeclarable != null_alone) {
       readings.push_back(std::move(reading));
     }
   }
   if (readings.empty()) {
-    return unsayable(null_alone, members);
+    return undeclarable(null_alone, members);
   }
   std::optional<std::string_view> type = readings.front().type;
   for (const SchemaReading& reading : readings) {
@@ -220,7 +220,7 @@ SchemaReading read_types(std::span<const Value> words, const ArgumentMap& member
   }
   const bool allows_text = std::any_of(readings.begin(), readings.end(),
                                        [](const SchemaReading& reading) { return reading.type == "string"; });
-  return type ? SchemaReading{.type = type, .members = members} : unsayable("a union", members, allows_text);
+  return type ? SchemaReading{.type = type, .members = members} : undeclarable("a union", members, allows_text);
 }
 
 /// What several alternatives of one type say together: the members in which they agree, and all their constants.
@@ -260,14 +260,14 @@ class SchemaReader {
 
   SchemaReading read(const Value& schema) {
     if (steps_left_ == 0) {
-      return unsayable("a schema that leads back to itself", {});
+      return undeclarable("a schema that leads back to itself", {});
     }
     --steps_left_;
     if (schema.is_text()) {
       return read_type_word(schema.text(), {});
     }
     if (!schema.is_mapping()) {
-      return schema == Value(false) ? unsayable(nothing, {}) : unsayable("any value", {}, true);
+      return schema == Value(false) ? undeclarable(nothing, {}) : undeclarable("any value", {}, true);
     }
     const ArgumentMap& members = schema.mapping();
     if (const Value* const reference = members.find("$ref"); reference != nullptr) {
@@ -300,7 +300,7 @@ class SchemaReader {
   SchemaReading read_reference(const Value& reference, const ArgumentMap& others) {
     const Value* const found = reference.is_text() ? referred(root_, reference.text()) : nullptr;
     if (found == nullptr) {
-      return unsayable("a reference that leads nowhere", others);
+      return undeclarable("a reference that leads nowhere", others);
     }
     return read(found->is_mapping() ? Value(merged(others, found->mapping())) : *found);
   }
@@ -311,7 +311,7 @@ class SchemaReader {
       for (const auto& [key, value] : reading.members) {
         const Value* const known = members.find(key);
         if (known != nullptr && *known != value && is_rule(key)) {
-          return unsayable("a combination", members);
+          return undeclarable("a combination", members);
         }
         members.set(key, known == nullptr ? value : *known);
       }
@@ -324,14 +324,14 @@ class SchemaReader {
     for (const Value& alternative : alternatives.list()) {
       SchemaReading reading =
           read(alternative.is_mapping() ? Value(merged(others, alternative.mapping())) : alternative);
-      if (reading.unsayable != null_alone && reading.unsayable != nothing) {
+      if (reading.undeclarable != null_alone && reading.undeclarable != nothing) {
         readings.push_back(std::move(reading));
       }
     }
     if (readings.size() == 1) {
       return std::move(readings.front());
     }
-    return readings.empty() ? unsayable(null_alone, others) : read_several(readings, others);
+    return readings.empty() ? undeclarable(null_alone, others) : read_several(readings, others);
   }
 
   static SchemaReading read_several(std::span<const SchemaReading> readings, const ArgumentMap& others) {
@@ -343,12 +343,13 @@ class SchemaReader {
       type = reading.type ? common_type(type, *reading.type) : std::nullopt;
       are_constants = are_constants && reading.type && reading.members.contains("enum");
       allows_text = allows_text || reading.type == "string" || reading.allows_text;
-      are_alike = are_alike && reading.unsayable == readings.front().unsayable;
+      are_alike = are_alike && reading.undeclarable == readings.front().undeclarable;
     }
     if (type || are_constants) {
       return combined(readings, type.value_or("string"));
     }
-    return unsayable(are_alike && !readings.front().type ? readings.front().unsayable : "a union", others, allows_text);
+    return undeclarable(are_alike && !readings.front().type ? readings.front().undeclarable : "a union", others,
+                        allows_text);
   }
 
   const Value& root_;

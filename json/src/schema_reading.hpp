@@ -15,7 +15,7 @@ struct SchemaReading {
   /// The type word, none for what no type word can say.
   std::optional<std::string_view> type = {};
   /// What it is when no type word can say it, as "a union".
-  std::string unsayable = {};
+  std::string undeclarable = {};
   /// Whether a text of its own can stand for what no type word can say, rather than a text that holds JSON.
   bool allows_text = false;
   /// How its type is spelled, when it is spelled otherwise.

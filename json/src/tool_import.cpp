@@ -69,7 +69,7 @@ void add_repeated(std::vector<Remark>& remarks, const Node& node,
 /// Reads the tools one after another.
 class ListImport {
  public:
-  explicit ListImport(Unsayable unsayable) : unsayable_(unsayable) {}
+  explicit ListImport(Undeclarable undeclarable) : undeclarable_(undeclarable) {}
 
   void read(const ListedTool& listed) {
     ++imported_.listed;
@@ -78,7 +78,7 @@ class ListImport {
     if (!name.is_text()) {
       remarks.leave_out("it has no name");
     } else {
-      RegistryEntry entry{Importing(listed, unsayable_, remarks).read(),
+      RegistryEntry entry{Importing(listed, undeclarable_, remarks).read(),
                           {.signature = {{{"keywords", Parameter::Kind::VAR_KEYWORD}}}, .function = {}}};
       if (names_.contains(entry.tool.name)) {
         remarks.leave_out("an earlier tool has this name");
@@ -97,14 +97,14 @@ class ListImport {
   ImportedTools take() { return std::move(imported_); }
 
  private:
-  Unsayable unsayable_;
+  Undeclarable undeclarable_;
   std::set<Text> names_;
   ImportedTools imported_;
 };
 
 }  // namespace
 
-ImportedTools import_tools(std::string_view text, Unsayable unsayable) {
+ImportedTools import_tools(std::string_view text, Undeclarable undeclarable) {
   const Node root = read_node(text);
   const FoundList found = list_in(root.value);
   std::vector<ListedTool> tools;
@@ -112,7 +112,7 @@ ImportedTools import_tools(std::string_view text, Unsayable unsayable) {
     tools.push_back(listed_tool(found.tools->list()[index], item_place(found.place, index)));
   }
   require_some_tool(tools);
-  ListImport import(unsayable);
+  ListImport import(undeclarable);
   for (const ListedTool& tool : tools) {
     import.read(tool);
   }

@@ -14,8 +14,8 @@ namespace {
 
 struct OtherWord {
   std::string_view spelling;
-  std::string_view type;       ///< empty where no type word says it
-  std::string_view unsayable;  ///< what it is then
+  std::string_view type;          ///< empty where no type word says it
+  std::string_view undeclarable;  ///< what it is then
 };
 
 /// Besides the words for a type in other languages: what is sent as text, and what no type word says.
@@ -66,9 +66,10 @@ TypeSpelling read_word(std::string_view word) {
   const auto* const row = std::find_if(other_words.begin(), other_words.end(),
                                        [&](const OtherWord& known) { return known.spelling == word; });
   if (row == other_words.end()) {
-    return {.unsayable = "the type '" + std::string(word) + "'"};
+    return {.undeclarable = "the type '" + std::string(word) + "'"};
   }
-  return row->type.empty() ? TypeSpelling{.unsayable = std::string(row->unsayable)} : TypeSpelling{.type = row->type};
+  return row->type.empty() ? TypeSpelling{.undeclarable = std::string(row->undeclarable)}
+                           : TypeSpelling{.type = row->type};
 }
 
 TypeSpelling read_lowered(std::string_view text, int depth);
@@ -78,15 +79,15 @@ TypeSpelling read_alternatives(const std::vector<std::string_view>& parts, int d
   std::optional<TypeSpelling> one;
   for (const std::string_view part : parts) {
     TypeSpelling spelling = read_lowered(part, depth);
-    if (spelling.unsayable == "null alone") {
+    if (spelling.undeclarable == "null alone") {
       continue;
     }
     if (one && (!one->type || one->type != spelling.type)) {
-      return {.unsayable = "a union"};
+      return {.undeclarable = "a union"};
     }
     one = std::move(spelling);
   }
-  return one.value_or(TypeSpelling{.unsayable = "null alone"});
+  return one.value_or(TypeSpelling{.undeclarable = "null alone"});
 }
 
 /// What follows a word in brackets: "list[str]", "optional[int]".
@@ -113,7 +114,7 @@ std::string_view singular(std::string_view word) {
 TypeSpelling read_lowered(std::string_view text, int depth) {
   constexpr int deepest = 20;
   if (depth == deepest) {
-    return {.unsayable = "a type in so many brackets"};
+    return {.undeclarable = "a type in so many brackets"};
   }
   if (const auto alternatives = parts_of(text, '|'); alternatives.size() > 1) {
     return read_alternatives(alternatives, depth + 1);

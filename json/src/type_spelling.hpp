@@ -10,7 +10,7 @@ namespace tool_binding::json {
 /// What a type says as schemas of many languages spell it: "float", "List[str]", "Optional[int]", "string[]".
 struct TypeSpelling {
   std::optional<std::string_view> type = {};  ///< the type word, none for what no type word can say
-  std::string unsayable = {};                 ///< what it is then, as "an object"
+  std::string undeclarable = {};              ///< what it is then, as "an object"
   std::string items = {};                     ///< how the type of a list's items is spelled, empty where it is not said
 };
 

@@ -14,7 +14,7 @@ namespace {
 
 using Found = Finding::Kind;
 
-/// What stands in the gaps of the words.
+/// What fills the gaps of the words.
 enum class Gap : std::uint8_t {
   none,
   tool,

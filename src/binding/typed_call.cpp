@@ -73,7 +73,7 @@ Listing::Listing(Signature listed, const ToolSpec& answered) : Listing(std::move
     Row& row = rows[index];
     const std::uint32_t slot = compiled.slots.find(row.name);
     const std::size_t bound = compiled.bound_defaults.size();
-    row.place = slot == NameIndex::absent ? bound : slot;  // context items stand behind what is bound
+    row.place = slot == NameIndex::absent ? bound : slot;  // context items come after what is bound
     const ParamSpec* const param = answered.param(row.name);
     if (signature.parameters[index].type != nullptr && param != nullptr && param->name == row.name &&
         !param->action_defaults.empty()) {

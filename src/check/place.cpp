@@ -30,7 +30,7 @@ std::string item_place(std::string_view parent, std::size_t index) {
   return std::string(parent).append("[").append(std::to_string(index)).append("]");
 }
 
-bool stands_within(std::string_view inner, std::string_view outer) noexcept {
+bool is_place_within(std::string_view inner, std::string_view outer) noexcept {
   return outer.empty() || inner == outer ||
          (inner.starts_with(outer) && (inner[outer.size()] == '.' || inner[outer.size()] == '['));
 }

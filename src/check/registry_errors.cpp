@@ -140,7 +140,7 @@ void ErrorChecker::check_synonyms(const std::vector<Text>& of_one, const std::st
     if (const auto name = names.find(synonym); name != names.end()) {
       findings_.add(Fault::synonym_of_name, std::move(synonym_place), {quoted(synonym), name->second});
     } else if (const auto [first, is_new] = synonyms.emplace(synonym, synonym_place);
-               !is_new && !stands_within(first->second, place)) {
+               !is_new && !is_place_within(first->second, place)) {
       findings_.add(Fault::repeated_synonym, std::move(synonym_place), {quoted(synonym), first->second});
     }
   }

@@ -132,7 +132,8 @@ std::optional<std::string> take_quoted(std::string_view& rest, const Notation& n
   }
 }
 
-/// The items of a list as they are read. As many as most lists have stand on the stack until the list is made of them.
+/// The items of a list as they are read. As many as most lists have are kept on the stack until the list is made of
+/// them.
 class Items {
  public:
   void add(std::string_view item) {

@@ -14,7 +14,7 @@
 
 namespace tool_binding {
 
-/// A text that is being made piece by piece. It stands on the stack as long as it is no longer than most messages are,
+/// A text that is being made piece by piece. It is kept on the stack as long as it is no longer than most messages are,
 /// so that what is made of it is allocated once, at its size: with a growing string, words cost a refusal twice as
 /// much.
 class TextBuilder {
@@ -29,7 +29,7 @@ class TextBuilder {
     end_ += piece.size();
     return *this;
   }
-  /// A text that stands in its cell is copied with all of the cell, which takes no loop over its bytes.
+  /// A text held in its cell is copied with all of the cell, which takes no loop over its bytes.
   template <std::same_as<Text> ExactlyText>
   TextBuilder& append(const ExactlyText& piece) {
     const detail::Cell& cell = detail::cell_of(piece);

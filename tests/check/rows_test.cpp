@@ -24,10 +24,10 @@ void expect_findings(const Row& row, std::vector<RegistryFinding> (*check)(std::
 void expect_place(const Row& row) {
   const Value asked = json::read(row.given);
   if (row.setting("ask") == "within") {
-    EXPECT_EQ(stands_within(asked.list()[0].text(), asked.list()[1].text()), row.expected == "yes");
+    EXPECT_EQ(is_place_within(asked.list()[0].text(), asked.list()[1].text()), row.expected == "yes");
   } else {
     EXPECT_EQ(member_place("t", asked.text()), row.expected);
-    EXPECT_TRUE(stands_within(row.expected, "t"));
+    EXPECT_TRUE(is_place_within(row.expected, "t"));
   }
 }
 

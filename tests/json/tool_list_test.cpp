@@ -34,11 +34,11 @@ std::string remark_line(const Remark& remark) {
 
 /// The parameter that comes of a property "p", or what stands where none does; and the remarks on it.
 std::string imported(const std::string& property, const std::string& required,
-                     Unsayable unsayable = Unsayable::left_out) {
+                     Undeclarable undeclarable = Undeclarable::left_out) {
   const ImportedTools tools = import_tools(
       R"([{"name": "t", "inputSchema": {"type": "object", "properties": {"p": )" + property + R"(}, "required": [)" +
           required + R"(], "$defs": {"a": {"enum": ["x", "y"]}, "b": {"$ref": "#/$defs/b"}}}}])",
-      unsayable);
+      undeclarable);
   std::string lines = "no tool";
   if (!tools.entries.empty()) {
     const Value registry = registry_value(tools.entries);
@@ -70,7 +70,7 @@ std::string imported_tools(const std::string& tools) {
       {"open schema", [](const auto& given) { return schema_of_parameter(given, SchemaForm::open); }},
       {"import property", [](const auto& given) { return imported(given, ""); }},
       {"import required", [](const auto& given) { return imported(given, R"("p")"); }},
-      {"import leniently", [](const auto& given) { return imported(given, R"("p")", Unsayable::takes_text); }},
+      {"import leniently", [](const auto& given) { return imported(given, R"("p")", Undeclarable::takes_text); }},
       {"import tools", imported_tools}};
   EXPECT_EQ(doors.at(row.setting("ask"))(row.given), row.expected);
 });

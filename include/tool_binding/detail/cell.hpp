@@ -16,14 +16,14 @@
 #include "tool_binding/detail/assert.hpp"
 #include "tool_binding/detail/export.hpp"
 
-/// The 16 bytes under `Text`, `Integer` and `Value`, and the shared nodes that larger contents stand in.
+/// The 16 bytes under `Text`, `Integer` and `Value`, and the shared nodes that hold larger contents.
 ///
 /// A cell is either complete in itself or the owner of one reference to an immutable node with an atomic count. Its
 /// last byte, the tag, says which. Copying a cell copies 16 bytes and, for a node, counts; content is never copied.
 /// Nothing here is for a daemon's own use.
 namespace tool_binding::detail {
 
-/// What a cell holds; a node where the highest bit is set. The tags 0 to 15 are texts that stand in the cell: the tag
+/// What a cell holds; a node where the highest bit is set. The tags 0 to 15 are texts held in the cell: the tag
 /// is 15 less the text's bytes, so that the longest one ends in a zero byte of its own and every text is
 /// zero-terminated.
 enum class Tag : std::uint8_t {
@@ -223,7 +223,7 @@ class TOOL_BINDING_API Cell {
 
 static_assert(sizeof(Cell) == 16);
 
-/// Equality of two cells that both hold a text, or both an integer. What stands in its cell equals nothing in a node;
+/// Equality of two cells that both hold a text, or both an integer. What is held in its cell equals nothing in a node;
 /// where one cell is compared with many, let it be the left one.
 [[nodiscard]] inline bool same_text(const Cell& left, const Cell& right) noexcept {
   if (!left.holds_node()) {

@@ -19,7 +19,7 @@ namespace tool_binding::json {
 
 /// What a schema says as rules, and what in words only. Admission keeps every rule whatever was advertised.
 enum class SchemaForm : std::uint8_t {
-  /// What every client takes: no "allOf" at the top. What an action needs, and defaults that differ by action, stand in
+  /// What every client takes: no "allOf" at the top. What an action needs, and defaults that differ by action, are in
   /// descriptions: "Needed by find and stats.", "Default: 50 for list, 20 otherwise."
   common,
   /// The same, and an "allOf" with what each action needs, for those who read combinators.
@@ -28,7 +28,7 @@ enum class SchemaForm : std::uint8_t {
   /// defaults are given in descriptions. Admission takes null as an argument left out.
   strict,
   /// For clients that validate before they send: whatever admission would mend is valid, and bounds and enumerations
-  /// stand in descriptions.
+  /// are in the descriptions.
   open,
 };
 
@@ -51,7 +51,7 @@ enum class SchemaForm : std::uint8_t {
 /// What becomes of a parameter that none of the five type words can say, as an object or a union. An optional one is
 /// left out of its tool, a required one leaves its tool out; or either is declared to take text, and its description
 /// tells callers to send it so.
-enum class Unsayable : bool { left_out, takes_text };
+enum class Undeclarable : bool { left_out, takes_text };
 
 /// Something of a list of tools that a registry does not say, or says otherwise.
 struct Remark {
@@ -86,6 +86,6 @@ struct ImportedTools {
 /// Throws ParseError for a text that is no JSON, and ValueError for one that is no list of tools, or a list in which no
 /// tool has a name and a schema.
 [[nodiscard]] TOOL_BINDING_API ImportedTools import_tools(std::string_view text,
-                                                          Unsayable unsayable = Unsayable::left_out);
+                                                          Undeclarable undeclarable = Undeclarable::left_out);
 
 }  // namespace tool_binding::json

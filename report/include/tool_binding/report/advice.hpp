@@ -14,7 +14,7 @@ namespace tool_binding::report {
 
 /// The rules, and what each asks for before it says anything.
 enum class Rule : std::uint8_t {
-  add_synonym,         ///< an unknown name stands in place of one parameter
+  add_synonym,         ///< an unknown name is sent in place of one parameter
   add_action_synonym,  ///< an unknown action is near one that is declared
   add_value,           ///< a value that an enumeration lacks comes again and again
   widen_bound,         ///< many numbers are beyond a bound

@@ -14,7 +14,7 @@
 /// How often names and values came, in bounded memory.
 namespace tool_binding::report {
 
-/// One request that shows something, and where it stands.
+/// One request that shows something, and where it is.
 struct Example {
   Text file = {};          ///< as the caller named it
   std::uint64_t line = 0;  ///< counted from 1

@@ -22,7 +22,8 @@ struct TextStyle {
   std::string_view off = {};
 };
 
-/// The report as aligned text with bars. Texts from requests stand with everything escaped that a terminal would obey.
+/// The report as aligned text with bars. Texts from requests are shown with everything escaped that a terminal would
+/// obey.
 [[nodiscard]] TOOL_BINDING_API std::string text_page(const Report& report, const TextStyle& style);
 
 /// The report as one HTML page that needs nothing from elsewhere and runs nothing, light or dark as its reader has it.

@@ -65,14 +65,14 @@ class TOOL_BINDING_API Content {
 class TOOL_BINDING_API Answer {
  public:
   // NOLINTBEGIN(google-explicit-constructor)
-  /// A text is content. Any other value is structured, and stands as JSON in the content too.
+  /// A text is content. Any other value is structured, and is shown as JSON in the content too.
   template <class Source>
   requires std::convertible_to<const Source&, Value> Answer(const Source& source) : Answer(of(source)) {}
   Answer(Content content) : content_{std::move(content)} {}
   Answer(std::vector<Content> content) noexcept : content_(std::move(content)) {}
   // NOLINTEND(google-explicit-constructor)
 
-  /// A structured value, beside content that says the same to people. Without content it stands there as JSON.
+  /// A structured value, beside content that says the same to people. Without content it is shown there as JSON.
   [[nodiscard]] static Answer structured(Value value, std::vector<Content> content = {});
 
   /// Why the call came to nothing, and what to send instead. A handler may as well throw ArgumentError.
