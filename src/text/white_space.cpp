@@ -6,7 +6,7 @@
 
 namespace tool_binding::text {
 
-std::string_view strip_start(std::string_view text) noexcept {
+std::string_view strip_start_closely(std::string_view text) noexcept {
   while (!text.empty()) {
     const CodePoint first = next_code_point(text);
     if (!is_white_space(first.value)) {
@@ -17,7 +17,7 @@ std::string_view strip_start(std::string_view text) noexcept {
   return text;
 }
 
-std::string_view strip_end(std::string_view text) noexcept {
+std::string_view strip_end_closely(std::string_view text) noexcept {
   while (!text.empty()) {
     const CodePoint last = last_code_point(text);
     if (!is_white_space(last.value)) {

@@ -6,24 +6,26 @@
 /// White space at the ends of a text, which every reader of the layer ignores in the same way.
 namespace tool_binding::text {
 
-/// `text` without the white space at its start; the view is part of `text`.
-[[nodiscard]] std::string_view strip_start(std::string_view text) noexcept;
-
-/// The same at its end.
-[[nodiscard]] std::string_view strip_end(std::string_view text) noexcept;
-
 /// Whether `byte` is a code point in itself, and certainly no white space.
 [[nodiscard]] constexpr bool is_visible(char byte) noexcept { return byte > ' ' && byte <= '~'; }
 
-/// `text` without the white space at both ends; the view is part of `text`.
+// Most texts begin and end with a visible byte; the others are looked at closely, code point by code point.
+
+[[nodiscard]] std::string_view strip_start_closely(std::string_view text) noexcept;
+[[nodiscard]] std::string_view strip_end_closely(std::string_view text) noexcept;
+
+/// `text` without the white space at its start; the view is part of `text`.
+[[nodiscard]] inline std::string_view strip_start(std::string_view text) noexcept {
+  return !text.empty() && is_visible(text.front()) ? text : strip_start_closely(text);
+}
+
+/// The same without the white space at both ends.
 [[nodiscard]] inline std::string_view strip(std::string_view text) noexcept {
-  const bool is_stripped = !text.empty() && is_visible(text.front()) && is_visible(text.back());
-  return is_stripped ? text : strip_end(strip_start(text));
+  text = strip_start(text);
+  return !text.empty() && is_visible(text.back()) ? text : strip_end_closely(text);
 }
 
 /// Whether nothing is left of `text` once it is stripped.
-[[nodiscard]] inline bool is_blank(std::string_view text) noexcept {
-  return (text.empty() || !is_visible(text.front())) && strip_start(text).empty();
-}
+[[nodiscard]] inline bool is_blank(std::string_view text) noexcept { return strip_start(text).empty(); }
 
 }  // namespace tool_binding::text

@@ -47,10 +47,7 @@ Value _string(const Value& value) {
 }
 
 Value _array(const Value& value) {
-  if (value.is_text()) {
-    return types::read_csv(value.text()).value_or(Value());
-  }
-  return {};
+  return value.is_text() ? types::read_csv(value.text()) : Value();
 }
 
 }  // namespace tool_binding

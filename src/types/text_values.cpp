@@ -211,9 +211,9 @@ std::optional<bool> read_bool(std::string_view text) {
   return row == std::end(truth_words) ? std::nullopt : std::optional(row->value);
 }
 
-std::optional<Value> read_csv(std::string_view text) {
+Value read_csv(std::string_view text) {
   Items items;
-  return take_list(text, items) ? std::optional(Value::list_of_moved(items.all())) : std::nullopt;
+  return take_list(text, items) ? Value::list_of_moved(items.all()) : Value();
 }
 
 }  // namespace tool_binding::types

@@ -13,7 +13,7 @@ namespace tool_binding::types {
 /// What `parse_bool` returns, nothing for a text that is not a truth word.
 [[nodiscard]] std::optional<bool> read_bool(std::string_view text);
 
-/// What `split_csv` returns, nothing for a text that it refuses.
-[[nodiscard]] std::optional<Value> read_csv(std::string_view text);
+/// What `split_csv` returns as a list, null for a text that it refuses.
+[[nodiscard]] Value read_csv(std::string_view text);
 
 }  // namespace tool_binding::types

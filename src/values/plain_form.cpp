@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
@@ -65,9 +64,8 @@ void append_plain_form(TextBuilder& out, const Value& value) {
 }
 
 void append_floating(TextBuilder& out, double number) {
-  std::array<char, detail::longest_floating_form> form;
-  const char* const end = detail::write_floating_form(form.data(), number);
-  out += std::string_view(form.data(), static_cast<std::size_t>(end - form.data()));
+  out.append_written(detail::longest_floating_form,
+                     [number](char* room) { return detail::write_floating_form(room, number); });
 }
 
 char* detail::write_floating_form(char* out, double number) noexcept {

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <array>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
@@ -29,33 +28,30 @@ void append_integer(TextBuilder& out, const Value& value) {
     out += value.integer().to_string();
     return;
   }
-  std::array<char, 20> digits;
-  out.append({digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), *small).ptr});
+  constexpr std::size_t longest = 20;
+  out.append_written(longest, [&](char* room) { return std::to_chars(room, room + longest, *small).ptr; });
 }
 
-/// Writes a value that holds no others; of one that does, only the bracket that opens it.
-void append_or_open(TextBuilder& out, const Value& value, std::vector<Level>& levels) {
+/// Writes a value that holds no others; returns false for one that does, of which nothing is written.
+bool append_single(TextBuilder& out, const Value& value) {
   switch (value.kind()) {
     case Kind::null:
       out += "None";
-      break;
+      return true;
     case Kind::boolean:
       out += value.boolean() ? "True" : "False";
-      break;
+      return true;
     case Kind::integer:
       append_integer(out, value);
-      break;
+      return true;
     case Kind::floating:
       append_floating(out, value.floating());
-      break;
+      return true;
     case Kind::text:
       append_quoted_text(out, value.text());
-      break;
-    case Kind::list:
-    case Kind::mapping:
-      out += value.is_list() ? '[' : '{';
-      levels.push_back({&value, 0});
-      break;
+      return true;
+    default:
+      return false;
   }
 }
 
@@ -74,6 +70,24 @@ const Value& next_item(TextBuilder& out, Level& level) {
   return entry.value;
 }
 
+void append_container(TextBuilder& out, const Value& outermost) {
+  std::vector<Level> levels;
+  const auto open = [&](const Value& container) {
+    out += container.is_list() ? '[' : '{';
+    levels.push_back({&container, 0});
+  };
+  open(outermost);
+  while (!levels.empty()) {
+    Level& innermost = levels.back();
+    if (innermost.next == size_of(*innermost.container)) {
+      out += innermost.container->is_list() ? ']' : '}';
+      levels.pop_back();
+    } else if (const Value& item = next_item(out, innermost); !append_single(out, item)) {
+      open(item);
+    }
+  }
+}
+
 }  // namespace
 
 std::string quoted_form(const Value& value) {
@@ -83,16 +97,8 @@ std::string quoted_form(const Value& value) {
 }
 
 void append_quoted_form(TextBuilder& out, const Value& value) {
-  std::vector<Level> levels;
-  append_or_open(out, value, levels);
-  while (!levels.empty()) {
-    Level& innermost = levels.back();
-    if (innermost.next < size_of(*innermost.container)) {
-      append_or_open(out, next_item(out, innermost), levels);
-    } else {
-      out += innermost.container->is_list() ? ']' : '}';
-      levels.pop_back();
-    }
+  if (!append_single(out, value)) {
+    append_container(out, value);
   }
 }
 

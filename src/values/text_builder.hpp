@@ -49,6 +49,13 @@ class TextBuilder {
     end_ += size;
     return *this;
   }
+  /// What `write` writes from where it is told on: at most `most` bytes, of which it returns the end.
+  template <std::invocable<char*> Write>
+  TextBuilder& append_written(std::size_t most, const Write& write) {
+    make_room(most);
+    end_ = write(end_);
+    return *this;
+  }
   TextBuilder& operator+=(std::string_view piece) { return append(piece); }
   TextBuilder& operator+=(char byte) {
     make_room(1);
