@@ -73,7 +73,7 @@ void Normalizing<Row>::_take_synonym(const Text& name, const Param& param, const
 }
 
 template <class Row>
-void Normalizing<Row>::_take_value(const Text& name, const Param& param, const Value& value) {
+[[gnu::always_inline]] inline void Normalizing<Row>::_take_value(const Text& name, const Param& param, const Value& value) {
   if (Value taken = _coerced({spec, param, name, value}, findings); !taken.is_null()) {
     _store(param.slot, std::move(taken));
   }
