@@ -137,7 +137,10 @@ Value _coerced(const SentArgument& argument, Findings& findings) {
     add_finding(findings, Found::wrong_type, argument);
     return read;
   }
-  return argument.param.fast_path.takes(read) ? read : _within(argument, read, findings);
+  if (!argument.param.fast_path.takes(read)) {
+    return _within(argument, read, findings);
+  }
+  return read;
 }
 
 Finding& add_finding(Findings& findings, Finding::Kind kind, const detail::CompiledTool& tool) {

@@ -42,6 +42,10 @@ std::strong_ordering compare_digits(std::string_view left, std::string_view righ
 }
 
 std::partial_ordering compare_small(std::int64_t left, double right) noexcept {
+  constexpr std::int64_t every_integer_is_a_double = std::int64_t{1} << std::numeric_limits<double>::digits;
+  if (-every_integer_is_a_double <= left && left <= every_integer_is_a_double) {
+    return static_cast<double>(left) <=> right;
+  }
   if (right >= beyond_int64) {
     return std::partial_ordering::less;
   }
