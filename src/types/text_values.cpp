@@ -30,6 +30,15 @@ constexpr TruthWord truth_words[] = {
     {"false", false}, {"no", false}, {"off", false}, {"0", false}, {"f", false}, {"n", false},
 };
 
+std::optional<bool> value_of(std::string_view word) noexcept {
+  for (const TruthWord& row : truth_words) {
+    if (word == row.spelling) {
+      return row.value;
+    }
+  }
+  return std::nullopt;
+}
+
 struct Escape {
   char letter;
   char meaning;
@@ -205,10 +214,9 @@ bool take_list(std::string_view text, Items& items) {
 }  // namespace
 
 std::optional<bool> read_bool(std::string_view text) {
-  const Text word = text::lower_case(text::strip(text));
-  const auto* const row = std::find_if(std::begin(truth_words), std::end(truth_words),
-                                       [&](const TruthWord& truth) { return word == truth.spelling; });
-  return row == std::end(truth_words) ? std::nullopt : std::optional(row->value);
+  const std::string_view word = text::strip(text);
+  const std::optional<bool> value = value_of(word);
+  return value ? value : value_of(text::lower_case(word));
 }
 
 Value read_csv(std::string_view text) {
