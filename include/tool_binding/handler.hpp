@@ -139,8 +139,12 @@ struct Parameter {
   const detail::ItemType* item = nullptr;
 };
 
+class Parameters;
 namespace detail {
 class NameIndex;
+template <class PlaceOf>
+void add_context(KeywordArguments& keywords, const Parameters& parameters, const KeywordArguments& context,
+                 const PlaceOf& place_of);
 }
 
 /// The parameters of a handler, in declaration order: a list that is made once and then only read. Their names are
@@ -161,6 +165,9 @@ class TOOL_BINDING_API Parameters {
   [[nodiscard]] bool take(const Text& keyword) const noexcept;
 
  private:
+  template <class PlaceOf>
+  friend void detail::add_context(KeywordArguments&, const Parameters&, const KeywordArguments&, const PlaceOf&);
+
   std::vector<Parameter> listed_;
   std::shared_ptr<const detail::NameIndex> named_;  ///< null where none is NAMED
   bool take_any_ = false;

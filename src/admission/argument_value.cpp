@@ -46,10 +46,15 @@ Value as_texts(const Value& list) {
   return texts;
 }
 
+/// What of `value` is compared with an enumeration in lower case.
+Text enum_key(const Value& value) {
+  return text::lower_case(text::strip(value.is_text() ? value.text() : plain_form(value).view()));
+}
+
 /// The declared value that `value` names, null when it names none; that is a problem of its own.
 const Text* named_value(const SentArgument& argument, const Value& value, Findings& findings) {
   const std::vector<Text>& lowered = argument.param.lowered_enum;
-  const Text key = text::lower_case(text::strip(plain_form(value)));
+  const Text key = enum_key(value);
   const auto found = std::find(lowered.begin(), lowered.end(), key);
   if (found != lowered.end()) {
     return &argument.param.spec->enum_[static_cast<std::size_t>(found - lowered.begin())];

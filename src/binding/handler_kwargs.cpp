@@ -2,7 +2,7 @@
 #include <utility>
 #include <vector>
 
-#include "registry/name_index.hpp"
+#include "binding/context_items.hpp"
 #include "tool_binding/tool_binding.hpp"
 
 namespace tool_binding {
@@ -26,16 +26,8 @@ bool Parameters::take(const Text& keyword) const noexcept {
 namespace {
 
 void _add_context(KeywordArguments& keywords, const Handler& handler, const KeywordArguments& context) {
-  for (const auto& [name, item] : context) {
-    if (!handler.signature.parameters.take(name)) {
-      continue;
-    }
-    if (const std::size_t place = keywords.linear_search(name); place != keywords.size()) {
-      keywords.replace_at(place, item);
-    } else {
-      keywords.append(name, item);
-    }
-  }
+  detail::add_context(keywords, handler.signature.parameters, context,
+                      [&](const Text& name) { return keywords.linear_search(name); });
 }
 
 }  // namespace

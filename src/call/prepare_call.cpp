@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "admission/settling.hpp"
 #include "admission/taking.hpp"
+#include "binding/context_items.hpp"
 #include "registry/tool_record.hpp"
 #include "tool_binding/call.hpp"
 
@@ -36,20 +37,6 @@ void bind_action(KeywordArguments& keywords, const ToolSpec& tool, const detail:
   }
 }
 
-void add_context(KeywordArguments& keywords, const Parameters& parameters, const detail::CompiledTool& compiled,
-                 const KeywordArguments& context) {
-  for (const auto& [name, item] : context) {
-    if (!parameters.take(name)) {
-      continue;
-    }
-    if (const std::uint32_t slot = compiled.slots.find(name); slot != detail::NameIndex::absent) {
-      keywords.replace_at(slot, item);
-    } else {
-      keywords.append(name, item);
-    }
-  }
-}
-
 }  // namespace
 
 PreparedCall prepare_call(const ToolSpec& tool, const Handler& handler, const ArgumentMap& arguments,
@@ -71,7 +58,8 @@ PreparedCall prepare_call(const ToolSpec& tool, const Handler& handler, const Ar
   if (compiled.binds_action) {
     bind_action(call.keywords_, tool, compiled);
   }
-  add_context(call.keywords_, handler.signature.parameters, compiled, context);
+  detail::add_context(call.keywords_, handler.signature.parameters, context,
+                      [&](const Text& name) { return compiled.slots.find(name); });
   return call;
 }
 
