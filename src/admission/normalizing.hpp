@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <memory>
 #include <optional>
 #include <utility>
-#include <vector>
 
 #include "admission/argument_value.hpp"
+#include "values/small_vector.hpp"
 
 namespace tool_binding {
 
@@ -24,31 +22,6 @@ struct Slot {
   [[nodiscard]] bool stored() const noexcept { return index != not_stored; }
 };
 
-/// The slots of a tool, without a heap allocation for all but very large tools.
-class Slots {
- public:
-  explicit Slots(std::size_t count) {
-    if (count > here.size()) {
-      elsewhere_.resize(count);
-      slots_ = elsewhere_.data();
-    } else {
-      slots_ = here.data();
-      std::uninitialized_fill_n(slots_, count, Slot());
-    }
-  }
-  Slots(const Slots&) = delete;
-  Slots& operator=(const Slots&) = delete;
-
-  [[nodiscard]] Slot& operator[](std::size_t slot) noexcept { return slots_[slot]; }
-
- private:
-  union {
-    std::array<Slot, 32> here;  ///< of which no more are made than a tool needs
-  };
-  std::vector<Slot> elsewhere_;
-  Slot* slots_ = nullptr;
-};
-
 /// The state of one request's admission: what was taken, changed and found wrong. Lives for one call: every argument is
 /// handed to `take` once, in the request's order, and then `settle` is called once.
 ///
@@ -60,7 +33,7 @@ class Normalizing {
  public:
   /// A fresh state. `findings` is empty; both outlive the state.
   Normalizing(const detail::CompiledTool& tool, Row& admitted, Findings& found)
-      : spec(tool), row(admitted), findings(found), slots(tool.bound_defaults.size()) {}
+      : spec(tool), row(admitted), findings(found), slots(tool.bound_defaults.size(), Slot()) {}
 
   /// Takes one argument of the request.
   void take(const Text& name, const Value& value);
@@ -97,7 +70,7 @@ class Normalizing {
   Row& row;
   Findings& findings;
   bool alias_hit = false;
-  Slots slots;
+  SmallVector<Slot, 32> slots;  ///< of the tool's names
   bool _action_refused = false;
 };
 

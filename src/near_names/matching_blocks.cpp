@@ -13,17 +13,11 @@ constexpr std::size_t popular_from = 200;
 
 }  // namespace
 
-MatchingBlocks::MatchingBlocks(std::u32string_view word, const detail::ClassPositions& positions,
-                               std::pmr::memory_resource* memory)
-    : word_(word), positions_(positions), pending_(memory), runs_(memory), popular_(memory) {}
-
 std::size_t MatchingBlocks::matched(std::u32string_view candidate) {
   if (!positions_.are_exact() && runs_.empty()) {
-    runs_.resize(word_.size() + 1);
+    runs_.assign(word_.size() + 1, 0);
     find_popular();
   }
-  constexpr std::size_t enough_for_most = 8;
-  pending_.reserve(enough_for_most);
   std::size_t sum = 0;
   push_unless_empty({0, candidate.size(), 0, word_.size()});
   while (!pending_.empty()) {
@@ -55,12 +49,16 @@ MatchingBlocks::Block MatchingBlocks::block_by_positions(std::u32string_view can
   const std::size_t beyond = detail::ClassPositions::most - (ranges.second_end - ranges.second_begin);
   const std::uint64_t within = ~std::uint64_t{0} >> beyond << ranges.second_begin;
   for (std::size_t first = ranges.first_begin; first + best.size < ranges.first_end; ++first) {
-    std::uint64_t ends = positions_of(candidate[first]) & within;  // of the runs that begin at `first`
-    for (std::size_t size = 1; ends != 0; ++size) {
-      if (size > best.size) {
-        best = {first, static_cast<std::size_t>(std::countr_zero(ends)) + 1 - size, size};
-      }
-      ends = first + size == ranges.first_end ? 0 : ends << 1U & positions_of(candidate[first + size]) & within;
+    std::uint64_t ends = 0;  // of the longest runs that begin at `first`
+    std::uint64_t longer = positions_of(candidate[first]) & within;
+    std::size_t size = 0;
+    while (longer != 0) {
+      ends = longer;
+      ++size;
+      longer = first + size == ranges.first_end ? 0 : ends << 1U & positions_of(candidate[first + size]) & within;
+    }
+    if (size > best.size) {
+      best = {first, static_cast<std::size_t>(std::countr_zero(ends)) + 1 - size, size};
     }
   }
   return best;
@@ -69,8 +67,8 @@ MatchingBlocks::Block MatchingBlocks::block_by_positions(std::u32string_view can
 /// Of the longest blocks the one that starts earliest in the candidate, and of those the earliest in the word.
 MatchingBlocks::Block MatchingBlocks::longest_block(std::u32string_view candidate, const Ranges& ranges) {
   Block best = {ranges.first_begin, ranges.second_begin, 0};
-  const auto runs_begin = runs_.begin() + static_cast<std::ptrdiff_t>(ranges.second_begin);
-  const auto runs_end = runs_.begin() + static_cast<std::ptrdiff_t>(ranges.second_end) + 1;
+  std::size_t* const runs_begin = runs_.begin() + ranges.second_begin;
+  std::size_t* const runs_end = runs_.begin() + ranges.second_end + 1;
   std::fill(runs_begin, runs_end, 0);
   bool has_runs = false;
   for (std::size_t first = ranges.first_begin; first < ranges.first_end; ++first) {
@@ -119,7 +117,7 @@ void MatchingBlocks::find_popular() {
   if (word_.size() < popular_from) {
     return;
   }
-  std::pmr::vector<char32_t> sorted(word_.begin(), word_.end(), popular_.get_allocator());
+  std::vector<char32_t> sorted(word_.begin(), word_.end());
   std::sort(sorted.begin(), sorted.end());
   for (auto run = sorted.begin(); run != sorted.end();) {
     const auto run_end = std::upper_bound(run, sorted.end(), *run);

@@ -3,11 +3,11 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory_resource>
 #include <string_view>
 #include <vector>
 
 #include "near_names/candidates.hpp"
+#include "values/small_vector.hpp"
 
 namespace tool_binding {
 
@@ -15,8 +15,9 @@ namespace tool_binding {
 /// common, then the same to its left and to its right.
 class MatchingBlocks {
  public:
-  /// `word` and its positions outlive the object. Memory is taken when the first candidate is matched, not before.
-  MatchingBlocks(std::u32string_view word, const detail::ClassPositions& positions, std::pmr::memory_resource* memory);
+  /// `word` and its positions outlive the object.
+  MatchingBlocks(std::u32string_view word, const detail::ClassPositions& positions) noexcept
+      : word_(word), positions_(positions) {}
 
   /// The number of code points in the blocks that `candidate`, as the first sequence, and the word have in common.
   [[nodiscard]] std::size_t matched(std::u32string_view candidate);
@@ -42,9 +43,9 @@ class MatchingBlocks {
 
   std::u32string_view word_;
   const detail::ClassPositions& positions_;
-  std::pmr::vector<Ranges> pending_;
-  std::pmr::vector<std::size_t> runs_;  ///< by position in the word, from 1: the common run that ends there
-  std::pmr::vector<char32_t> popular_;  ///< characters that no run passes through, sorted
+  SmallVector<Ranges, 16> pending_;
+  SmallVector<std::size_t, 64> runs_;  ///< by position in the word, from 1: the common run that ends there
+  std::vector<char32_t> popular_;      ///< characters that no run passes through, sorted
 };
 
 }  // namespace tool_binding

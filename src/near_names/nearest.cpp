@@ -2,12 +2,11 @@
 #include "near_names/nearest.hpp"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
-#include <memory_resource>
 
 #include "near_names/matching_blocks.hpp"
 #include "text/code_points.hpp"
+#include "values/small_vector.hpp"
 
 namespace tool_binding {
 
@@ -15,17 +14,28 @@ namespace {
 
 using detail::NearCandidates;
 
-/// Enough for names of some 60 code points; a longer word takes its room from the heap.
-using SearchMemory = std::array<std::byte, 4096>;
+class CodePoints {
+ public:
+  explicit CodePoints(std::string_view text) {
+    while (!text.empty()) {
+      const text::CodePoint next = text::next_code_point(text);
+      code_points_.push_back(next.value);
+      text.remove_prefix(next.size);
+    }
+  }
+  [[nodiscard]] std::u32string_view view() const noexcept { return {code_points_.data(), code_points_.size()}; }
+
+ private:
+  SmallVector<char32_t, detail::ClassPositions::most> code_points_;
+};
 
 /// The word of one search, with what its comparison with every candidate needs.
 class Word {
  public:
-  Word(std::string_view name, std::pmr::memory_resource* memory)
-      : code_points_(decoded(name, memory)), classes_(view()), positions_(view()) {}
+  explicit Word(std::string_view name) : code_points_(name), classes_(view()), positions_(view()) {}
 
-  [[nodiscard]] std::size_t size() const noexcept { return code_points_.size(); }
-  [[nodiscard]] std::u32string_view view() const noexcept { return {code_points_.data(), size()}; }
+  [[nodiscard]] std::size_t size() const noexcept { return view().size(); }
+  [[nodiscard]] std::u32string_view view() const noexcept { return code_points_.view(); }
   [[nodiscard]] const detail::ClassPositions& positions() const noexcept { return positions_; }
 
   /// No less than the code points that the word and `candidate` can have matched, whichever way.
@@ -47,18 +57,7 @@ class Word {
   }
 
  private:
-  static std::pmr::vector<char32_t> decoded(std::string_view name, std::pmr::memory_resource* memory) {
-    std::pmr::vector<char32_t> code_points(memory);
-    code_points.reserve(name.size());
-    while (!name.empty()) {
-      const text::CodePoint next = text::next_code_point(name);
-      code_points.push_back(next.value);
-      name.remove_prefix(next.size);
-    }
-    return code_points;
-  }
-
-  std::pmr::vector<char32_t> code_points_;
+  CodePoints code_points_;
   detail::ClassSet classes_;
   detail::ClassPositions positions_;
 };
@@ -97,8 +96,8 @@ class Best {
 
 class Search {
  public:
-  Search(std::string_view name, const NearCandidates& candidates, std::pmr::memory_resource* memory)
-      : candidates_(candidates), word_(name, memory), blocks_(word_.view(), word_.positions(), memory) {}
+  Search(std::string_view name, const NearCandidates& candidates)
+      : candidates_(candidates), word_(name), blocks_(word_.view(), word_.positions()) {}
 
   /// The candidates nearest to the word in size come first: the better the best is, the fewer are looked at closely.
   [[nodiscard]] const Text* nearest() {
@@ -139,9 +138,7 @@ class Search {
 }  // namespace
 
 const Text* _nearest(std::string_view name, const NearCandidates& candidates) {
-  SearchMemory room;
-  std::pmr::monotonic_buffer_resource memory(room.data(), room.size());
-  return Search(name, candidates, &memory).nearest();
+  return Search(name, candidates).nearest();
 }
 
 }  // namespace tool_binding
