@@ -34,12 +34,10 @@ NearCandidates::NearCandidates(const std::vector<Text>& names) {
   }
   std::stable_sort(candidates_.begin(), candidates_.end(),
                    [](const Candidate& left, const Candidate& right) { return left.size < right.size; });
-}
-
-NearCandidates::Halves NearCandidates::split_at(std::size_t size) const noexcept {
-  const auto first = std::partition_point(candidates_.begin(), candidates_.end(),
-                                          [&](const Candidate& candidate) { return candidate.size < size; });
-  return {{candidates_.begin(), first}, {first, candidates_.end()}};
+  for (std::size_t place = 0; place < candidates_.size(); ++place) {
+    begins_.resize(std::max(begins_.size(), candidates_[place].size + 1), place);
+  }
+  begins_.push_back(candidates_.size());
 }
 
 }  // namespace tool_binding::detail

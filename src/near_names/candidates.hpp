@@ -78,7 +78,11 @@ class NearCandidates {
   struct Halves {
     std::span<const Candidate> shorter, others;
   };
-  [[nodiscard]] Halves split_at(std::size_t size) const noexcept;
+  [[nodiscard]] Halves split_at(std::size_t size) const noexcept {
+    const std::span<const Candidate> all = candidates_;
+    const std::size_t at = begins_[std::min(size, begins_.size() - 1)];
+    return {all.first(at), all.subspan(at)};
+  }
 
   [[nodiscard]] std::u32string_view code_points(const Candidate& candidate) const noexcept {
     return std::u32string_view(code_points_).substr(candidate.begin, candidate.size);
@@ -86,6 +90,7 @@ class NearCandidates {
 
  private:
   std::vector<Candidate> candidates_;
+  std::vector<std::size_t> begins_;  ///< by a size, the place of the first candidate that has no less
   std::u32string code_points_;
 };
 
