@@ -202,10 +202,11 @@ void fill(TextBuilder& out, Gap gap, const Finding& finding) {
 
 void append_message(TextBuilder& out, const Finding& finding) {
   for (const Piece& piece : row_of(finding.kind).words.pieces) {
-    fill(out.append(piece.words, piece.size), piece.gap, finding);
+    out.append(piece.words, piece.size);
     if (piece.gap == Gap::none) {
       return;
     }
+    fill(out, piece.gap, finding);
   }
 }
 
