@@ -145,7 +145,7 @@ class NameIndex;
 template <class PlaceOf>
 void add_context(KeywordArguments& keywords, const Parameters& parameters, const KeywordArguments& context,
                  const PlaceOf& place_of);
-}
+}  // namespace detail
 
 /// The parameters of a handler, in declaration order: a list that is made once and then only read. Their names are
 /// indexed as it is made, so that no call compares what a daemon offers with all of them.

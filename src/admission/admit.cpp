@@ -40,10 +40,7 @@ Admission admit(const ToolSpec& tool, const ArgumentMap& arguments) {
   Admission admission;
   AdmittedRow row(compiled, arguments.size(), admission.arguments_);
   Normalizing state(compiled, row, admission.findings_);
-  for (const auto& [name, value] : arguments) {
-    state.take(name, value);
-  }
-  state.settle();
+  state.admit(arguments);
   admission.alias_hit_ = state.has_alias_hit();
   admission.has_problems_ = have_problems(admission.findings_);
   return admission;

@@ -22,8 +22,7 @@ struct Slot {
   [[nodiscard]] bool stored() const noexcept { return index != not_stored; }
 };
 
-/// The state of one request's admission: what was taken, changed and found wrong. Lives for one call: every argument is
-/// handed to `take` once, in the request's order, and then `settle` is called once.
+/// The state of one request's admission: what was taken, changed and found wrong. Lives for one call.
 ///
 /// What is admitted goes into a `Row`, which says where: `add(slot, value)` puts the first value of a slot into the row
 /// and returns its index there, `replace(index, value)` puts a later one at that index, `at(index)` is the value there,
@@ -35,11 +34,13 @@ class Normalizing {
   Normalizing(const detail::CompiledTool& tool, Row& admitted, Findings& found)
       : spec(tool), row(admitted), findings(found), slots(tool.bound_defaults.size(), Slot()) {}
 
-  /// Takes one argument of the request.
-  void take(const Text& name, const Value& value);
-
-  /// Settles which action the request runs, and what that needs.
-  void settle();
+  /// Takes the arguments of the request in their order, then settles which action it runs, and what that needs.
+  void admit(const ArgumentMap& arguments) {
+    for (const auto& [name, value] : arguments) {
+      _take(name, value);
+    }
+    _settle();
+  }
 
   /// Whether the request named a parameter or an action by a synonym.
   [[nodiscard]] bool has_alias_hit() const noexcept { return alias_hit; }
@@ -48,6 +49,7 @@ class Normalizing {
   using Param = detail::CompiledParam;
 
   // taking.hpp
+  void _take(const Text& name, const Value& value);
   void _take_reserved_or_other(const Text& name, const Value& value);
   void _take_synonym(const Text& name, const Param& param, const Value& value);
   void _take_value(const Text& name, const Param& param, const Value& value);
@@ -63,6 +65,7 @@ class Normalizing {
   }
 
   // settling.hpp
+  void _settle();
   [[nodiscard]] std::optional<Text> _action();
   void _check_required(const std::optional<Text>& action);
 

@@ -8,7 +8,7 @@
 namespace tool_binding {
 
 template <class Row>
-inline void Normalizing<Row>::settle() {
+inline void Normalizing<Row>::_settle() {
   const std::optional<Text> action = _action();
   if (action || spec.declared.actions.empty()) {
     _check_required(action);

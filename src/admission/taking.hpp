@@ -25,7 +25,7 @@ inline Text proposal_for(std::string_view name, const detail::NearCandidates& ca
 }
 
 template <class Row>
-inline void Normalizing<Row>::take(const Text& name, const Value& value) {
+inline void Normalizing<Row>::_take(const Text& name, const Value& value) {
   if (value.is_null()) {
     return;
   }
@@ -73,7 +73,8 @@ void Normalizing<Row>::_take_synonym(const Text& name, const Param& param, const
 }
 
 template <class Row>
-[[gnu::always_inline]] inline void Normalizing<Row>::_take_value(const Text& name, const Param& param, const Value& value) {
+[[gnu::always_inline]] inline void Normalizing<Row>::_take_value(const Text& name, const Param& param,
+                                                                 const Value& value) {
   if (Value taken = _coerced({spec, param, name, value}, findings); !taken.is_null()) {
     _store(param.slot, std::move(taken));
   }

@@ -45,10 +45,7 @@ PreparedCall prepare_call(const ToolSpec& tool, const Handler& handler, const Ar
   PreparedCall call;
   KeywordRow row(compiled, context.size(), call.keywords_);
   Normalizing state(compiled, row, call.findings_);
-  for (const auto& [name, value] : arguments) {
-    state.take(name, value);
-  }
-  state.settle();
+  state.admit(arguments);
   call.alias_hit_ = state.has_alias_hit();
   call.has_problems_ = have_problems(call.findings_);
   if (call.has_problems_) {

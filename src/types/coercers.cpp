@@ -46,8 +46,6 @@ Value _string(const Value& value) {
   return value.is_integer() || value.is_floating() ? Value(plain_form(value)) : Value();
 }
 
-Value _array(const Value& value) {
-  return value.is_text() ? types::read_csv(value.text()) : Value();
-}
+Value _array(const Value& value) { return value.is_text() ? types::read_csv(value.text()) : Value(); }
 
 }  // namespace tool_binding
