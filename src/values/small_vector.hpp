@@ -15,7 +15,7 @@ class SmallVector {
   static_assert(std::is_trivially_copyable_v<Item> && std::is_trivially_destructible_v<Item>);
 
  public:
-  SmallVector() noexcept {}
+  SmallVector() noexcept = default;
   SmallVector(std::size_t count, const Item& item) { assign(count, item); }
   SmallVector(const SmallVector&) = delete;
   SmallVector& operator=(const SmallVector&) = delete;
@@ -57,11 +57,10 @@ class SmallVector {
     capacity_ = capacity;
   }
 
-  union {
-    std::array<Item, here> here_;  ///< of which no more are made than are held
-  };
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): made as far as it is used
+  alignas(Item) std::array<std::byte, here * sizeof(Item)> here_;
   std::unique_ptr<Item[]> elsewhere_;
-  Item* items_ = here_.data();
+  Item* items_ = reinterpret_cast<Item*>(here_.data());
   std::size_t size_ = 0;
   std::size_t capacity_ = here;
 };
