@@ -22,7 +22,9 @@ template <class Builder>
 class Grammar {
  public:
   Grammar(const Tokens& tokens, std::string& unescaped, Builder& builder)
-      : tokens_(tokens), unescaped_(unescaped), builder_(builder) {}
+      : tokens_(tokens), unescaped_(unescaped), builder_(builder) {
+    closers_[0] = '\0';
+  }
 
   void walk() {
     do {
@@ -37,22 +39,21 @@ class Grammar {
   /// Takes a scalar or an empty container; of any other container everything up to its first such value.
   void take_value() {
     for (;;) {
+      if (closers_[depth_] == '}') {
+        take_key();
+      }
       switch (tokens_.first_of(next_)) {
         case '{':
           open('}');
-          if (tokens_.first_of(next_) == '}') {
-            return close();
-          }
-          take_key();
           break;
         case '[':
           open(']');
-          if (tokens_.first_of(next_) == ']') {
-            return close();
-          }
           break;
         default:
           return take_scalar();
+      }
+      if (tokens_.first_of(next_) == closers_[depth_]) {
+        return close();
       }
     }
   }
@@ -60,13 +61,10 @@ class Grammar {
   /// Whether another value follows in the same container or in one around it; closes those that end before it.
   bool another_follows() {
     while (depth_ != 0) {
-      const char closer = closers_[depth_ - 1];
+      const char closer = closers_[depth_];
       const char found = tokens_.first_of(next_);
       if (found == ',') {
         ++next_;
-        if (closer == '}') {
-          take_key();
-        }
         return true;
       }
       if (found != closer) {
@@ -81,13 +79,13 @@ class Grammar {
     if (depth_ == deepest_level) {
       fail("the text is nested deeper than 1,000 levels");
     }
-    closers_[depth_++] = closer;
+    closers_[++depth_] = closer;
     builder_.open(tokens_.begin_of(next_++));
   }
 
   void close() {
     ++next_;
-    if (closers_[--depth_] == '}') {
+    if (closers_[depth_--] == '}') {
       builder_.close_mapping();
     } else {
       builder_.close_list();
@@ -111,10 +109,13 @@ class Grammar {
       fail("a value is missing");
     }
     const std::size_t offset = tokens_.begin_of(next_);
-    if (tokens_.first_of(next_) == '"') {
+    const char first = tokens_.first_of(next_);
+    if (first == '"') {
       builder_.scalar(read_text(tokens_, next_, unescaped_), offset);
+    } else if (first >= '0' && first <= '9') {
+      builder_.scalar(read_number(tokens_, next_), offset);
     } else {
-      builder_.scalar(read_number_or_word(tokens_, next_), offset);
+      builder_.scalar(read_word_or_negative(tokens_, next_), offset);
     }
     ++next_;
   }
@@ -126,7 +127,7 @@ class Grammar {
   Builder& builder_;
   std::size_t next_ = 0;
   std::size_t depth_ = 0;
-  std::array<char, deepest_level> closers_;
+  std::array<char, deepest_level + 1> closers_;  ///< of the open containers, behind a zero for none
 };
 
 }  // namespace tool_binding::json

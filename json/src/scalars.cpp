@@ -1,45 +1,40 @@
 // SPDX-License-Identifier: MIT
 #include "scalars.hpp"
 
-#include <array>
 #include <limits>
+#include <optional>
+#include <utility>
 
 namespace tool_binding::json {
 
 namespace {
 
-struct Word {
-  std::string_view spelling;
-  Value value;
-};
-
-const Word* find_word(std::string_view spelling) {
-  static const std::array<Word, 6> words{{{"true", true},
-                                          {"false", false},
-                                          {"null", nullptr},
-                                          {"NaN", std::numeric_limits<double>::quiet_NaN()},
-                                          {"Infinity", std::numeric_limits<double>::infinity()},
-                                          {"-Infinity", -std::numeric_limits<double>::infinity()}}};
-  for (const Word& word : words) {
-    if (word.spelling.front() == spelling.front() && word.spelling == spelling) {
-      return &word;
-    }
+std::optional<Value> value_of_word(std::string_view word) {
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  if (word == "true" || word == "false") {
+    return word == "true";
   }
-  return nullptr;
+  if (word == "null") {
+    return Value();
+  }
+  if (word == "NaN") {
+    return std::numeric_limits<double>::quiet_NaN();
+  }
+  if (word == "Infinity" || word == "-Infinity") {
+    return word == "Infinity" ? infinity : -infinity;
+  }
+  return std::nullopt;
 }
 
 bool separates(char byte) noexcept { return byte == ',' || byte == ':' || byte == ']' || byte == '}'; }
 
 }  // namespace
 
-Value read_number_or_word(const Tokens& tokens, std::size_t token) {
+Value read_word_or_negative(const Tokens& tokens, std::size_t token) {
+  if (std::optional<Value> value = value_of_word(tokens.whole(token))) {
+    return *std::move(value);
+  }
   const char first = tokens.first_of(token);
-  if (first >= '0' && first <= '9') {
-    return read_number(tokens, token);
-  }
-  if (const Word* const word = find_word(tokens.whole(token)); word != nullptr) {
-    return word->value;
-  }
   if (first == '-') {
     return read_number(tokens, token);
   }
