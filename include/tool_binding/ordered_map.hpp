@@ -109,6 +109,14 @@ class OrderedMap {
     other = {};
   }
 
+  /// An entry for each of `names`, with the value at its place: both are moved from, wherever they are. Precondition:
+  /// as many values as names, of which no two are equal.
+  [[nodiscard]] static OrderedMap of_moved(std::span<Text> names, std::span<Mapped> values) {
+    OrderedMap map;
+    map.entries_ = detail::EntryRow<Entry>(names, values);
+    return map;
+  }
+
   OrderedMap(const OrderedMap& other) : entries_(other.entries_) {}
   OrderedMap(OrderedMap&& other) noexcept : entries_(std::move(other.entries_)), index_(other.release_index()) {}
   OrderedMap& operator=(OrderedMap other) noexcept {

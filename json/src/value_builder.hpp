@@ -16,14 +16,13 @@ namespace tool_binding::json {
 /// last value. `repeated` are the indexes that `repeated_names` finds.
 [[nodiscard]] inline ArgumentMap mapping_of(std::span<Text> names, std::span<Value> values,
                                             std::span<const std::size_t> repeated) {
+  if (repeated.empty()) {
+    return ArgumentMap::of_moved(names, values);
+  }
   ArgumentMap entries;
   entries.reserve(names.size());
   for (std::size_t index = 0; index < names.size(); ++index) {
-    if (repeated.empty()) {
-      entries.append(std::move(names[index]), std::move(values[index]));
-    } else {
-      entries.set(std::move(names[index]), std::move(values[index]));
-    }
+    entries.set(std::move(names[index]), std::move(values[index]));
   }
   return entries;
 }

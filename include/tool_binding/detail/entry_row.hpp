@@ -6,6 +6,7 @@
 #include <limits>
 #include <memory>
 #include <new>
+#include <span>
 #include <type_traits>
 #include <utility>
 
@@ -37,6 +38,14 @@ class EntryRow {
     for (; size_ < other.size_; ++size_) {
       const Other& entry = other.entries_[size_];
       ::new (static_cast<void*>(end())) Entry(entry.name, entry.value, known);
+    }
+  }
+  /// An entry of each name and the value at its place, which are moved from.
+  template <class Name, class Mapped>
+  EntryRow(std::span<Name> names, std::span<Mapped> values) : EntryRow(names.size()) {
+    TOOL_BINDING_ASSERT(names.size() == values.size());
+    for (; size_ < capacity_; ++size_) {
+      ::new (static_cast<void*>(end())) Entry(std::move(names[size_]), std::move(values[size_]));
     }
   }
   EntryRow(const EntryRow& other) : EntryRow(other, 0) {}
