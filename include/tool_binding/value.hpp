@@ -26,6 +26,8 @@ class Value;
 [[nodiscard]] TOOL_BINDING_API bool operator==(const Value& left, const Value& right);
 
 namespace detail {
+[[nodiscard]] TOOL_BINDING_API const Cell& cell_of(const Value& value) noexcept;
+
 /// A range of what values can be made of, other than the vector of values that a list consists of.
 template <class Range>
 concept OtherList = Listed<Range> && !Named<Range> && !std::same_as<Range, std::vector<Value>> &&
@@ -192,6 +194,7 @@ class TOOL_BINDING_API Value {
  private:
   friend class KeywordArgument;
   friend struct detail::NodeAccess;
+  friend const detail::Cell& detail::cell_of(const Value& value) noexcept;
   /// The kind that belongs to a tag, without its highest bit.
   static constexpr Kind kinds[] = {Kind::text,    Kind::text,     Kind::text, Kind::text,    Kind::text, Kind::text,
                                    Kind::text,    Kind::text,     Kind::text, Kind::text,    Kind::text, Kind::text,
@@ -216,6 +219,8 @@ class TOOL_BINDING_API Value {
 };
 
 static_assert(sizeof(Value) == 16);
+
+inline const detail::Cell& detail::cell_of(const Value& value) noexcept { return value.cell_; }
 
 /// The plain form: how a message, or a list of texts, inserts a value as text. A text is unchanged, 5.0 is "5.0",
 /// true "True", null "None", a list "[1, 'a']", a mapping "{'a': 1}". Floating numbers take the fewest digits that read

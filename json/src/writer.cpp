@@ -39,8 +39,9 @@ constexpr std::array<std::pair<char, std::string_view>, 7> short_escapes{
 using Block [[gnu::vector_size(16)]] = signed char;
 using Halves [[gnu::vector_size(16)]] = std::uint64_t;
 
+/// The XOR swaps the quote with the blank, so that one comparison finds quotes and what is below the blank.
 bool are_plain(Block block) noexcept {
-  const auto found = std::bit_cast<Halves>((block < ' ') | (block == '"') | (block == '\\'));
+  const auto found = std::bit_cast<Halves>(~((block ^ ('"' ^ ' ')) > ' ') | (block == '\\'));
   return (found[0] | found[1]) == 0;
 }
 
@@ -129,11 +130,11 @@ std::string escaped(std::string_view text) {
   return out;
 }
 
-constexpr std::string_view comma = ", ";
-constexpr std::string_view colon = ": ";
+/// A comma or a colon, and the blank behind it.
+constexpr std::size_t mark_size = 2;
 
-/// What may surround a text: quotes, the comma before it and the colon behind it.
-constexpr std::size_t around_text = 2 + comma.size() + colon.size();
+/// What surrounds a text: quotes, and the mark behind it.
+constexpr std::size_t around_text = 2 + mark_size;
 
 /// As many digits as an integer of 64 bits has, and its sign.
 constexpr std::size_t longest_integer = 20;
@@ -142,27 +143,38 @@ constexpr std::size_t first_room = 512;
 
 }  // namespace
 
+std::string_view Writer::text() const noexcept {
+  const auto size = static_cast<std::size_t>(end_ - bytes_.data());
+  return {bytes_.data(), size - (has_comma_ ? mark_size : 0)};
+}
+
 void Writer::clear() noexcept {
   end_ = bytes_.data();
-  follows_ = false;
+  has_comma_ = false;
   open_.clear();
 }
 
 void Writer::write(const Value& value) {
-  if (value.is_list() || value.is_mapping()) {
-    write_container(value);
-  } else {
-    append_scalar(value);
+  if (value.is_text()) {
+    return append_text(detail::cell_of(value), ',');
+  }
+  switch (value.kind()) {
+    case Kind::integer:
+      return append_integer(value);
+    case Kind::floating:
+      return append_floating(value);
+    case Kind::boolean:
+      return value.boolean() ? append_word("true") : append_word("false");
+    case Kind::null:
+      return append_word("null");
+    default:
+      return write_container(value);
   }
 }
 
-void Writer::write_text(std::string_view text) { append_long(text); }
+void Writer::write_text(std::string_view text) { append_long(text, ','); }
 
-void Writer::write_name(const Text& name) {
-  append_text(name);
-  put(colon);
-  follows_ = false;
-}
+void Writer::write_name(const Text& name) { append_text(detail::cell_of(name), ':'); }
 
 void Writer::open_list() { open('['); }
 void Writer::close_list() { close(']'); }
@@ -172,15 +184,16 @@ void Writer::close_object() { close('}'); }
 void Writer::write_again(std::size_t begin, std::size_t count) {
   TOOL_BINDING_ASSERT(begin <= text().size() && count <= text().size() - begin);
   if (count != 0) {
-    make_room(comma.size() + count);
-    separate();
+    make_room(count + mark_size);
     put({bytes_.data() + begin, count});
+    put_mark(',');
   }
 }
 
 void Writer::end_line() {
-  append("\n");
-  follows_ = false;
+  take_comma_back();
+  make_room(1);
+  put("\n");
 }
 
 void Writer::write_container(const Value& value) {
@@ -200,7 +213,7 @@ void Writer::write_container(const Value& value) {
     if (item.is_list() || item.is_mapping()) {
       enter(item);
     } else {
-      append_scalar(item);
+      write(item);
     }
   }
 }
@@ -215,26 +228,11 @@ void Writer::enter(const Value& value) {
   }
 }
 
-void Writer::append_scalar(const Value& value) {
-  switch (value.kind()) {
-    case Kind::text:
-      return append_text(value.shared_text());
-    case Kind::integer:
-      return append_integer(value);
-    case Kind::floating:
-      return append_floating(value);
-    case Kind::boolean:
-      return value.boolean() ? append_word("true") : append_word("false");
-    default:
-      return append_word("null");
-  }
-}
-
 void Writer::append_integer(const Value& value) {
   if (const std::optional<std::int64_t> small = value.to_int64()) {
-    make_room(comma.size() + longest_integer);
-    separate();
+    make_room(longest_integer + mark_size);
     end_ = std::to_chars(end_, limit_, *small).ptr;
+    put_mark(',');
   } else {
     append_word(value.integer().to_string());
   }
@@ -247,75 +245,83 @@ void Writer::append_floating(const Value& value) {
   } else if (std::isinf(number)) {
     append_word(number < 0 ? "-Infinity" : "Infinity");
   } else {
-    make_room(comma.size() + detail::longest_floating_form);
-    separate();
+    make_room(detail::longest_floating_form + mark_size);
     end_ = detail::write_floating_form(end_, number);
+    put_mark(',');
   }
 }
 
-/// Leaves room for a colon.
-void Writer::append_text(const Text& text) {
-  const detail::Cell& cell = detail::cell_of(text);
-  if (cell.holds_node() || room() < sizeof cell + around_text) {
-    return append_long(text);
+/// Appends a text, and the colon of a name or the comma of a value.
+void Writer::append_text(const detail::Cell& text, char mark) {
+  if (text.holds_node() || room() < sizeof text + around_text) {
+    return append_long(text.text(), mark);
   }
-  const std::size_t size = text.size();
-  separate();
-  if (!copy_short(end_ + 1, cell, size)) {
-    return append_escaping(text);
+  const std::size_t size = text.text().size();
+  if (!copy_short(end_ + 1, text, size)) {
+    return append_escaping(text.text(), mark);
   }
-  *end_ = '"';
-  end_ += size + 1;
-  *end_++ = '"';
+  enclose(size, mark);
 }
 
-/// The same for a text that is long, or for which there was no room.
-void Writer::append_long(std::string_view text) {
+/// The same of a text that is long, or for which there was no room.
+void Writer::append_long(std::string_view text, char mark) {
   make_room(text.size() + sizeof(detail::Cell) + around_text);
   if (text.size() <= detail::inline_text_size) {
-    return append_text(text);
+    return append_text(detail::Cell(text), mark);
   }
-  separate();
   if (!copy_long(end_ + 1, text)) {
-    return append_escaping(text);
+    return append_escaping(text, mark);
   }
-  *end_ = '"';
-  end_ += text.size() + 1;
-  *end_++ = '"';
+  enclose(text.size(), mark);
 }
 
-void Writer::append_escaping(std::string_view text) {
-  append('"' + escaped(text) + '"');
-  make_room(colon.size());
+void Writer::append_escaping(std::string_view text, char mark) {
+  const std::string bytes = escaped(text);
+  make_room(bytes.size() + around_text);
+  std::copy(bytes.begin(), bytes.end(), end_ + 1);
+  enclose(bytes.size(), mark);
+}
+
+/// Puts quotes around a text of `size` bytes that was copied behind room for the first one, and a mark behind it.
+inline void Writer::enclose(std::size_t size, char mark) noexcept {
+  char* const begin = end_;
+  begin[0] = '"';
+  begin[size + 1] = '"';
+  end_ = begin + size + 2;
+  put_mark(mark);
 }
 
 inline void Writer::append_word(std::string_view word) {
-  make_room(comma.size() + word.size());
-  separate();
+  make_room(word.size() + mark_size);
   put(word);
+  put_mark(',');
 }
 
 void Writer::open(char opener) {
-  append_word({&opener, 1});
-  follows_ = false;
+  make_room(1);
+  put({&opener, 1});
+  has_comma_ = false;
 }
 
 void Writer::close(char closer) {
-  append({&closer, 1});
-  follows_ = true;
+  take_comma_back();
+  append_word({&closer, 1});
 }
 
-void Writer::append(std::string_view piece) {
-  make_room(piece.size());
-  put(piece);
+/// Every value gets a comma, which is taken back where no other follows: nothing has to be asked before a name or
+/// value.
+inline void Writer::put_mark(char mark) noexcept {
+  TOOL_BINDING_ASSERT(mark_size <= room());
+  char* const begin = end_;
+  begin[0] = mark;
+  begin[1] = ' ';
+  end_ = begin + mark_size;
+  has_comma_ = mark == ',';
 }
 
-/// Puts a comma where one belongs before what comes next, and asks for one behind it.
-inline void Writer::separate() noexcept {
-  if (follows_) {
-    put(comma);
-  }
-  follows_ = true;
+inline void Writer::take_comma_back() noexcept {
+  end_ -= has_comma_ ? mark_size : 0;
+  has_comma_ = false;
 }
 
 /// Precondition: there is room.
@@ -333,7 +339,7 @@ inline void Writer::make_room(std::size_t count) {
 }
 
 void Writer::grow(std::size_t count) {
-  const std::size_t size = text().size();
+  const auto size = static_cast<std::size_t>(end_ - bytes_.data());
   bytes_.resize(std::max({first_room, 2 * bytes_.size(), size + count}));
   end_ = bytes_.data() + size;
   limit_ = bytes_.data() + bytes_.size();

@@ -31,7 +31,7 @@ class TOOL_BINDING_API Writer {
   Writer& operator=(const Writer&) = delete;
 
   /// What was written since the last `clear`, as long as nothing else is called.
-  [[nodiscard]] std::string_view text() const noexcept { return {bytes_.data(), end_}; }
+  [[nodiscard]] std::string_view text() const noexcept;
   void clear() noexcept;
 
   void write(const Value& value);
@@ -61,17 +61,17 @@ class TOOL_BINDING_API Writer {
 
   void write_container(const Value& value);
   void enter(const Value& value);
-  void append_scalar(const Value& value);
   void append_integer(const Value& value);
   void append_floating(const Value& value);
-  void append_text(const Text& text);
-  void append_long(std::string_view text);
-  void append_escaping(std::string_view text);
+  void append_text(const detail::Cell& text, char mark);
+  void append_long(std::string_view text, char mark);
+  void append_escaping(std::string_view text, char mark);
+  void enclose(std::size_t size, char mark) noexcept;
   void append_word(std::string_view word);
   void open(char opener);
   void close(char closer);
-  void append(std::string_view piece);
-  void separate() noexcept;
+  void put_mark(char mark) noexcept;
+  void take_comma_back() noexcept;
   void put(std::string_view piece) noexcept;
   [[nodiscard]] std::size_t room() const noexcept;
   void make_room(std::size_t count);
@@ -80,7 +80,7 @@ class TOOL_BINDING_API Writer {
   std::string bytes_;  ///< all of it is room
   char* end_ = bytes_.data();
   char* limit_ = end_;
-  bool follows_ = false;  ///< whether a comma goes before the next name or value
+  bool has_comma_ = false;  ///< whether the last bytes are a comma that is taken back unless another value follows
   std::vector<Open> open_;
 };
 
