@@ -5,9 +5,11 @@
 #include <string_view>
 #include <vector>
 
+#include "tool_binding/json/tool_list.hpp"
 #include "walk.hpp"
 
-/// Walks one request of a given shape and size, for callgrind to count: `count_growth SHAPE SIZE`.
+/// Walks one request of a given shape and size, or imports one tool of that size, for callgrind to count:
+/// `count_growth SHAPE SIZE`.
 namespace tool_binding::bench {
 
 namespace {
@@ -52,7 +54,7 @@ constexpr TextShape text_shapes[] = {
     {"action", "action", "", "a", ""},
 };
 
-constexpr std::string_view other_shapes[] = {"items", "problems", "unknown-names", "long-name"};
+constexpr std::string_view other_shapes[] = {"items", "problems", "unknown-names", "long-name", "import"};
 
 ArgumentMap request(std::string_view shape, std::size_t size) {
   for (const TextShape& row : text_shapes) {
@@ -84,6 +86,20 @@ ToolSpec tool(std::size_t size) {
                               {.name = times(size, "a") + "a", .type = "string"}}});
 }
 
+/// A list with one tool of so many parameters, each with a rule that is not kept.
+std::string tool_list(std::size_t size) {
+  std::string properties;
+  std::string required;
+  for (std::size_t number = 0; number < size; ++number) {
+    const std::string name = "\"p" + std::to_string(number) + "\"";
+    const std::string_view comma = number == 0 ? "" : ",";
+    properties.append(comma).append(name).append(R"(:{"type":"string","pattern":"x"})");
+    required.append(comma).append(name);
+  }
+  return R"([{"name":"t","inputSchema":{"type":"object","properties":{)" + properties + R"(},"required":[)" + required +
+         "]}}]";
+}
+
 std::size_t walked(std::string_view shape, std::size_t size) {
   const ToolSpec spec = tool(shape == "long-name" || shape == "action" ? size : 300);
   try {
@@ -102,7 +118,11 @@ std::size_t walked(std::string_view shape, std::size_t size) {
 int main(int argc, char** argv) {
   using namespace tool_binding::bench;
   if (argc == 3) {
-    std::cout << walked(argv[1], std::stoul(argv[2])) << '\n';
+    const std::string_view shape = argv[1];
+    const std::size_t size = std::stoul(argv[2]);
+    std::cout << (shape == "import" ? tool_binding::json::import_tools(tool_list(size)).remarks.size()
+                                    : walked(shape, size))
+              << '\n';
     return 0;
   }
   for (const TextShape& shape : text_shapes) {

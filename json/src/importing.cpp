@@ -18,9 +18,12 @@ constexpr auto kept_keys =
     std::to_array<std::string_view>({"type", "properties", "required", "allOf", "additionalProperties", "optional"});
 
 template <class Record>
-Record* named(std::vector<Record>& records, const Text& name) {
-  const auto found = std::find_if(records.begin(), records.end(), [&](const Record& r) { return r.name == name; });
-  return found == records.end() ? nullptr : &*found;
+std::map<Text, Record*> by_name(std::vector<Record>& records) {
+  std::map<Text, Record*> named;
+  for (Record& record : records) {
+    named.emplace(record.name, &record);
+  }
+  return named;
 }
 
 /// Whether an object that is meant as a schema has the parameters themselves for its members.
@@ -111,6 +114,8 @@ void Importing::read_schema_of_tool() {
       read_property(name, property, member_place(properties_place, name));
     }
   }
+  params_ = by_name(tool_.params);
+  actions_ = by_name(tool_.actions);
   read_required(names, member_place(place, "required"));
   read_conditions(member_of(listed_.schema, "allOf"), member_place(place, "allOf"));
   if (member_of(whole, "additionalProperties").is_mapping()) {
@@ -140,7 +145,7 @@ void Importing::read_required(const Value& names, const std::string& place) {
 
 void Importing::require(const Text& name, const std::string& place) {
   const bool is_action = name == ACTION_PARAM && !tool_.actions.empty();
-  if (!is_action && named(tool_.params, name) == nullptr && !remarks_.is_left_out()) {
+  if (!is_action && !params_.contains(name) && !remarks_.is_left_out()) {
     remarks_.add(Kind::reading, name, place, "is required and not declared: calls neither need it nor may have it");
   }
 }
@@ -161,7 +166,7 @@ bool Importing::read_condition(const Value& condition) {
   const Value& action =
       member_of(member_of(member_of(member_of(condition, "if"), "properties"), ACTION_PARAM), "const");
   const Value& needed = member_of(member_of(condition, "then"), "required");
-  if (!action.is_text() || !needed.is_list() || named(tool_.actions, action.shared_text()) == nullptr) {
+  if (!action.is_text() || !needed.is_list() || !actions_.contains(action.shared_text())) {
     return false;
   }
   ArgumentMap runs_it{{"properties", ArgumentMap{{ACTION_PARAM, ArgumentMap{{"const", action}}}}}};
@@ -171,14 +176,12 @@ bool Importing::read_condition(const Value& condition) {
   if (condition != Value(ArgumentMap{{"if", runs_it}, {"then", ArgumentMap{{"required", needed}}}})) {
     return false;
   }
-  const auto is_declared = [&](const Value& name) {
-    return name.is_text() && named(tool_.params, name.shared_text()) != nullptr;
-  };
+  const auto is_declared = [&](const Value& name) { return name.is_text() && params_.contains(name.shared_text()); };
   if (!std::all_of(needed.list().begin(), needed.list().end(), is_declared)) {
     return false;
   }
   for (const Value& name : needed.list()) {
-    named(tool_.params, name.shared_text())->required_for.push_back(action.shared_text());
+    params_.at(name.shared_text())->required_for.push_back(action.shared_text());
   }
   return true;
 }

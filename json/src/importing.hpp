@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <map>
 #include <optional>
 #include <set>
 #include <span>
@@ -68,6 +69,8 @@ class Importing {
   ToolRemarks& remarks_;
   std::set<Text> required_;
   ToolDeclaration tool_;
+  std::map<Text, ParamSpec*> params_;    ///< of the tool, once all are read
+  std::map<Text, ActionSpec*> actions_;  ///< the same
 };
 
 }  // namespace tool_binding::json

@@ -99,20 +99,16 @@ const Node* take_item(const Node& list, std::string_view& place) {
   return &list.children[index];
 }
 
-/// The child that a place below `parent` begins with, which is taken off the place; null for none.
-const Node* take_child(const Node& parent, std::string_view& place) {
-  if (parent.value.is_list() && place.starts_with('[')) {
-    return take_item(parent, place);
+/// The size of the member that a place begins with, as `member_place` writes it: "limit" of "limit.type".
+std::size_t member_size(std::string_view place) noexcept {
+  if (!place.starts_with('[')) {
+    return std::min(place.find_first_of(".["), place.size());
   }
-  place.remove_prefix(place.starts_with('.') ? 1 : 0);
-  for (std::size_t child = 0; child < parent.names.size(); ++child) {
-    const std::string name = member_place("", parent.names[child]);
-    if (is_place_within(place, name)) {
-      place.remove_prefix(name.size());
-      return &parent.children[child];
-    }
+  std::size_t at = 2;
+  while (at < place.size() && place[at] != place[1]) {
+    at += place[at] == '\\' ? 2U : 1U;
   }
-  return nullptr;
+  return std::min(at + 2, place.size());
 }
 
 }  // namespace
@@ -130,12 +126,39 @@ Node read_node(std::string_view text) {
   return builder.take();
 }
 
-std::size_t line_of(const Node& root, std::string_view place) {
-  const Node* node = &root;
+std::size_t Lines::of(std::string_view place) {
+  const Node* node = &root_;
   for (const Node* inner = node; inner != nullptr; inner = take_child(*node, place)) {
     node = inner;
   }
   return node->line;
+}
+
+/// The child that a place below `parent` begins with, which is taken off the place; null for none.
+const Node* Lines::take_child(const Node& parent, std::string_view& place) {
+  if (parent.value.is_list() && place.starts_with('[')) {
+    return take_item(parent, place);
+  }
+  place.remove_prefix(place.starts_with('.') ? 1 : 0);
+  if (place.empty() || parent.names.empty()) {
+    return nullptr;
+  }
+  const std::size_t size = member_size(place);
+  const Members& members = members_of(parent);
+  const auto found = members.find(std::string(place.substr(0, size)));
+  if (found == members.end()) {
+    return nullptr;
+  }
+  place.remove_prefix(size);
+  return found->second;
+}
+
+const Lines::Members& Lines::members_of(const Node& object) {
+  const auto [entry, is_new] = members_.try_emplace(&object);
+  for (std::size_t child = 0; is_new && child < object.names.size(); ++child) {
+    entry->second.emplace(member_place("", object.names[child]), &object.children[child]);
+  }
+  return entry->second;
 }
 
 }  // namespace tool_binding::json

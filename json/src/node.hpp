@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -26,7 +27,24 @@ struct Node {
 /// Throws ParseError as a reader does.
 [[nodiscard]] Node read_node(std::string_view text);
 
-/// The line of the innermost node around `place`.
-[[nodiscard]] std::size_t line_of(const Node& root, std::string_view place);
+/// The lines of places in one text. An object is indexed when the first place in it is looked up, so that many places
+/// are found in the time that it takes to read them.
+class Lines {
+ public:
+  /// `root` outlives the object.
+  explicit Lines(const Node& root) noexcept : root_(root) {}
+
+  /// The line of the innermost node around `place`.
+  [[nodiscard]] std::size_t of(std::string_view place);
+
+ private:
+  using Members = std::unordered_map<std::string, const Node*>;
+
+  [[nodiscard]] const Node* take_child(const Node& parent, std::string_view& place);
+  [[nodiscard]] const Members& members_of(const Node& object);
+
+  const Node& root_;
+  std::unordered_map<const Node*, Members> members_;  ///< as a place names them
+};
 
 }  // namespace tool_binding::json

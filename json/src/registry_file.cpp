@@ -20,12 +20,13 @@ bool touch(std::string_view left, std::string_view right) noexcept {
 /// that has the wrong shape is not checked as well: what replaces it is not from the file.
 void add_checked(std::vector<RegistryFinding>& findings, const Node& root, std::vector<RegistryFinding> checked) {
   const std::vector<RegistryFinding> shape = findings;
+  Lines lines(root);
   for (RegistryFinding& finding : checked) {
     const auto is_beside = [&](const RegistryFinding& fault) {
       return is_error(finding.kind) ? !is_place_within(finding.place, fault.place) : !touch(finding.place, fault.place);
     };
     if (std::all_of(shape.begin(), shape.end(), is_beside)) {
-      finding.line = line_of(root, finding.place);
+      finding.line = lines.of(finding.place);
       findings.push_back(std::move(finding));
     }
   }
@@ -58,7 +59,7 @@ std::vector<RegistryFinding> RegistryFile::check() const {
   return findings;
 }
 
-std::size_t RegistryFile::line_of(std::string_view place) const { return json::line_of(content_->root, place); }
+std::size_t RegistryFile::line_of(std::string_view place) const { return Lines(content_->root).of(place); }
 
 std::vector<DeclaredTool> read_registry(std::string_view text) {
   const RegistryFile file(text);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <algorithm>
 #include <iterator>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,7 +18,7 @@ class ToolRemarks {
   ToolRemarks(std::string tool, std::string place) : tool_(std::move(tool)), place_(std::move(place)) {}
 
   void leave_out(std::string reason) {
-    if (std::find(reasons_.begin(), reasons_.end(), reason) == reasons_.end()) {
+    if (known_.insert(reason).second) {
       reasons_.push_back(std::move(reason));
     }
   }
@@ -44,7 +44,8 @@ class ToolRemarks {
  private:
   std::string tool_;
   std::string place_;
-  std::vector<std::string> reasons_;
+  std::vector<std::string> reasons_;  ///< in the order in which they were found
+  std::set<std::string> known_;       ///< the same
   std::vector<Remark> remarks_;
 };
 

@@ -119,8 +119,9 @@ ImportedTools import_tools(std::string_view text, Undeclarable undeclarable) {
   ImportedTools imported = import.take();
   std::vector<std::pair<const Node*, std::size_t>> path;
   add_repeated(imported.remarks, root, path);
+  Lines lines(root);
   for (Remark& remark : imported.remarks) {
-    remark.line = line_of(root, remark.place);
+    remark.line = lines.of(remark.place);
   }
   std::stable_sort(imported.remarks.begin(), imported.remarks.end(),
                    [](const Remark& left, const Remark& right) { return left.line < right.line; });

@@ -78,12 +78,15 @@ class ErrorChecker {
   }
 
   void require_action(const ToolDeclaration& tool, const Text& name, std::string place) {
-    std::vector<Text> declared(tool.actions.size());
-    std::transform(tool.actions.begin(), tool.actions.end(), declared.begin(),
-                   [](const ActionSpec& action) { return action.name; });
-    if (std::find(declared.begin(), declared.end(), name) == declared.end()) {
-      findings_.add(Fault::undeclared_action, std::move(place), {quoted(name), did_you_mean(name, declared)});
+    const auto is_named = [&](const ActionSpec& action) { return action.name == name; };
+    if (std::any_of(tool.actions.begin(), tool.actions.end(), is_named)) {
+      return;
     }
+    std::vector<Text> declared;
+    for (const ActionSpec& action : tool.actions) {
+      declared.push_back(action.name);
+    }
+    findings_.add(Fault::undeclared_action, std::move(place), {quoted(name), did_you_mean(name, declared)});
   }
 
   void require_type(const Text& word, std::string place) {
