@@ -7,7 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include "colours.hpp"
 #include "command.hpp"
 #include "in_order.hpp"
 #include "loading.hpp"
@@ -172,7 +171,7 @@ ExitStatus show_comparison(const CompareOptions& options) {
   const report::Comparison comparison = compare_all(registries, options);
   if (!options.lists) {
     print(options.as_json ? json::write(comparison_value(comparison)) + "\n"
-                          : text_page(comparison, text_style(options.requests.colour)));
+                          : text_page(comparison, output_style(options.requests.colour)));
   }
   return is_failure(comparison, options.fails_on) ? ExitStatus::refused : ExitStatus::answered;
 }

@@ -20,19 +20,19 @@ struct Row {
 /// Sections, each a heading and its lines.
 class Page {
  public:
-  explicit Page(const Colours& colours) : colours_(colours) {}
+  explicit Page(const report::TextStyle& style) : style_(style) {}
 
   void add_title(const Text& tool, std::string_view colour, std::string_view verdict) {
-    text_.append(colours_.heading).append(tool).append(colours_.off).append(": ");
-    text_.append(colour).append(verdict).append(colours_.off).append("\n");
+    text_.append(style_.heading).append(tool).append(style_.off).append(": ");
+    text_.append(colour).append(verdict).append(style_.off).append("\n");
   }
 
   void add_heading(std::string_view words) {
-    text_.append("\n").append(colours_.heading).append(words).append(colours_.off).append("\n");
+    text_.append("\n").append(style_.heading).append(words).append(style_.off).append("\n");
   }
 
   void add_line(std::string_view colour, std::string_view words) {
-    text_.append("  ").append(colour).append(words).append(colour.empty() ? "" : colours_.off).append("\n");
+    text_.append("  ").append(colour).append(words).append(colour.empty() ? "" : style_.off).append("\n");
   }
 
   /// Reasons are aligned, unless a value is too wide for that.
@@ -48,7 +48,7 @@ class Page {
       std::string line = padded(row.name, name_width) + "  ";
       line += row.reason.empty() ? row.value : padded(row.value, value_width);
       if (!row.reason.empty()) {
-        line.append("  ").append(colours_.aside).append(row.reason).append(colours_.off);
+        line.append("  ").append(style_.aside).append(row.reason).append(style_.off);
       }
       add_line("", line);
     }
@@ -61,7 +61,7 @@ class Page {
     return text.append(width - std::min(width, text.size()), ' ');
   }
 
-  const Colours& colours_;
+  const report::TextStyle& style_;
   std::string text_;
 };
 
@@ -143,13 +143,13 @@ void add_problems(Page& page, const Admission& admission, std::string_view colou
 }  // namespace
 
 std::string explanation_of(const Request& request, const Handler& handler, const KeywordArguments& context,
-                           const Colours& colours) {
-  Page page(colours);
+                           const report::TextStyle& style) {
+  Page page(style);
   const bool is_admitted = request.admission.is_admitted();
-  page.add_title(request.tool.name(), is_admitted ? colours.good : colours.bad, is_admitted ? "admitted" : "refused");
+  page.add_title(request.tool.name(), is_admitted ? style.good : style.bad, is_admitted ? "admitted" : "refused");
   add_sent(page, request.arguments);
   if (!is_admitted) {
-    add_problems(page, request.admission, colours.bad);
+    add_problems(page, request.admission, style.bad);
   }
   add_arguments(page, request);
   add_notes(page, request.admission);
@@ -160,12 +160,12 @@ std::string explanation_of(const Request& request, const Handler& handler, const
 }
 
 std::string explanation_of_failure(const ToolSpec& tool, const ArgumentMap& arguments, std::string_view failure,
-                                   const Colours& colours) {
-  Page page(colours);
-  page.add_title(tool.name(), colours.bad, "refused");
+                                   const report::TextStyle& style) {
+  Page page(style);
+  page.add_title(tool.name(), style.bad, "refused");
   add_sent(page, arguments);
   page.add_heading("problems");
-  page.add_line(colours.bad, failure);
+  page.add_line(style.bad, failure);
   return std::move(page).take();
 }
 

@@ -5,7 +5,6 @@
 #include <deque>
 #include <stdexcept>
 
-#include "colours.hpp"
 #include "in_order.hpp"
 #include "options.hpp"
 #include "progress.hpp"
@@ -112,17 +111,6 @@ report::Report observe(const ToolTable& table, const RecordedRequests& requests)
     count(report, looking.observer());
   }
   return report;
-}
-
-report::TextStyle text_style(Colour colour) noexcept {
-  const Colours colours = output_colours(colour);
-  return {.width = output_width(),
-          .heading = colours.heading,
-          .good = colours.good,
-          .changed = colours.changed,
-          .bad = colours.bad,
-          .aside = colours.aside,
-          .off = colours.off};
 }
 
 }  // namespace tool_binding::cli

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "colours.hpp"
+#include "output_style.hpp"
 #include "request.hpp"
 #include "tool_binding/report/pages.hpp"
 #include "tool_binding/report/report.hpp"
@@ -40,8 +40,5 @@ void check_standard_input(const std::vector<std::string>& paths);
 /// The report on all requests, to the tools of that table. On a terminal, standard error shows how far it is. Throws
 /// std::system_error.
 [[nodiscard]] report::Report observe(const ToolTable& table, const RecordedRequests& requests);
-
-/// How their pages look on standard output.
-[[nodiscard]] report::TextStyle text_style(Colour colour) noexcept;
 
 }  // namespace tool_binding::cli

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "colours.hpp"
 #include "input.hpp"
+#include "output_style.hpp"
 
 namespace CLI {
 class App;

@@ -66,7 +66,7 @@ ExitStatus show_report(const ReportOptions& options) {
     }
   }
   print(options.as_json ? json::write(report_value(report)) + "\n"
-                        : text_page(report, text_style(options.requests.colour)));
+                        : text_page(report, output_style(options.requests.colour)));
   return ExitStatus::answered;
 }
 
