@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <iosfwd>
-#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -96,7 +95,7 @@ class TOOL_BINDING_API Integer {
     if constexpr (sizeof(Number) > sizeof(std::int64_t)) {
       return wide_from_number(value);
     } else if constexpr (std::unsigned_integral<Number> && sizeof(Number) == sizeof(std::int64_t)) {
-      if (value > static_cast<Number>(std::numeric_limits<std::int64_t>::max())) {
+      if (value > static_cast<Number>(INT64_MAX)) {
         return wide_from(value);
       }
     }

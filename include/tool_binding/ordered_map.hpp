@@ -1,18 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <algorithm>
-#include <atomic>
 #include <cstddef>
 #include <initializer_list>
 #include <iterator>
-#include <map>
-#include <memory>
-#include <span>
-#include <string_view>
 #include <type_traits>
 #include <utility>
-#include <vector>
 
 #include "tool_binding/detail/assert.hpp"
 #include "tool_binding/detail/entry_row.hpp"
@@ -24,8 +17,54 @@
 namespace tool_binding {
 
 namespace detail {
+
+/// The names of a map's entries, whatever it maps them to.
+struct HeldNames {
+  const void* entries;
+  std::size_t size;
+  const Text& (*name_at)(const void* entries, std::size_t place);
+
+  [[nodiscard]] const Text& operator[](std::size_t place) const { return name_at(entries, place); }
+};
+
 /// Throws the KeyError of a map that holds these names, and not `name`.
-[[noreturn]] TOOL_BINDING_API void throw_no_entry(const Text& name, std::span<const Text> held);
+[[noreturn]] TOOL_BINDING_API void throw_no_entry(const Text& name, HeldNames held);
+
+/// Where each name of a large map is; none until a search makes it.
+class TOOL_BINDING_API PlaceIndex {
+ public:
+  PlaceIndex() noexcept = default;
+  PlaceIndex(PlaceIndex&& other) noexcept : places_(std::exchange(other.places_, nullptr)) {}
+  PlaceIndex& operator=(PlaceIndex other) noexcept {
+    std::swap(places_, other.places_);
+    return *this;
+  }
+  ~PlaceIndex() { drop(); }
+
+  [[nodiscard]] bool is_made() const noexcept { return places_ != nullptr; }
+
+  /// The place of `name` among the names of the map, their number when it is none of them. Made by whichever search
+  /// comes first; any number of threads may search.
+  [[nodiscard]] std::size_t find(const Text& name, HeldNames held) const;
+
+  /// Adds a name that the map did not hold. Precondition: `is_made()`.
+  void add(const Text& name, std::size_t place);
+
+  /// Ends the index: the next search makes another.
+  void drop() noexcept {
+    if (is_made()) {
+      destroy();
+    }
+  }
+
+ private:
+  struct Places;
+
+  void destroy() noexcept;
+
+  mutable Places* places_ = nullptr;  ///< owned
+};
+
 }  // namespace detail
 
 /// One entry of an ordered map.
@@ -118,15 +157,13 @@ class OrderedMap {
   }
 
   OrderedMap(const OrderedMap& other) : entries_(other.entries_) {}
-  OrderedMap(OrderedMap&& other) noexcept : entries_(std::move(other.entries_)), index_(other.release_index()) {}
+  OrderedMap(OrderedMap&& other) noexcept : entries_(std::move(other.entries_)), index_(std::move(other.index_)) {}
   OrderedMap& operator=(OrderedMap other) noexcept {
     entries_.swap(other.entries_);
-    Index* const index = release_index();
-    index_.store(other.release_index(), std::memory_order_relaxed);
-    other.index_.store(index, std::memory_order_relaxed);
+    index_ = std::move(other.index_);
     return *this;
   }
-  ~OrderedMap() { delete index_.load(std::memory_order_acquire); }
+  ~OrderedMap() = default;
 
   /// Makes room for `count` entries in all. Throws std::length_error for more than any memory holds.
   void reserve(std::size_t count) { entries_.reserve(count); }
@@ -146,7 +183,7 @@ class OrderedMap {
     // Searched linearly or not at all: a check must not make an index.
     TOOL_BINDING_ASSERT(size() > linear_search_limit || linear_search(name) == size());
     entries_.emplace_back(std::forward<Name>(name), std::forward<Content>(value));
-    if (index_.load(std::memory_order_relaxed) != nullptr) {
+    if (index_.is_made()) {
       add_last_to_index();
     }
   }
@@ -161,7 +198,7 @@ class OrderedMap {
     if (place == entries_.size()) {
       return false;
     }
-    delete release_index();
+    index_.drop();
     entries_.erase(place);
     return true;
   }
@@ -183,7 +220,7 @@ class OrderedMap {
   [[nodiscard]] const Mapped& at(const Text& name) const& TOOL_BINDING_LIFETIMEBOUND {
     const Mapped* const found = find(name);
     if (found == nullptr) {
-      throw_no_entry(name);
+      detail::throw_no_entry(name, names());
     }
     return *found;
   }
@@ -211,65 +248,42 @@ class OrderedMap {
 
   /// Equal when both hold equal entries in the same order.
   friend bool operator==(const OrderedMap& left, const OrderedMap& right) {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end());
+    if (left.size() != right.size()) {
+      return false;
+    }
+    for (std::size_t place = 0; place < left.size(); ++place) {
+      if (!(left[place] == right[place])) {
+        return false;
+      }
+    }
+    return true;
   }
 
  private:
-  using Index = std::map<Text, std::size_t>;
   friend struct detail::NodeAccess;
   template <class Other>
   friend class OrderedMap;
 
   [[nodiscard]] std::size_t place_of(const Text& name) const {
-    if (entries_.size() <= linear_search_limit) {
-      return linear_search(name);
-    }
-    const Index& index = made_index();
-    const auto found = index.find(name);
-    return found == index.end() ? entries_.size() : found->second;
+    return entries_.size() <= linear_search_limit ? linear_search(name) : index_.find(name, names());
   }
 
-  [[noreturn, gnu::noinline]] void throw_no_entry(const Text& name) const {
-    std::vector<Text> held;
-    for (const Entry& entry : entries_) {
-      held.push_back(entry.name);
-    }
-    detail::throw_no_entry(name, held);
-  }
-
-  Index* release_index() noexcept {
-    Index* const index = index_.load(std::memory_order_relaxed);
-    index_.store(nullptr, std::memory_order_relaxed);
-    return index;
+  [[nodiscard]] detail::HeldNames names() const noexcept { return {entries_.begin(), entries_.size(), name_at}; }
+  static const Text& name_at(const void* entries, std::size_t place) {
+    return static_cast<const Entry*>(entries)[place].name;
   }
 
   [[gnu::noinline]] void add_last_to_index() {
     try {
-      index_.load(std::memory_order_relaxed)->emplace(entries_.back().name, entries_.size() - 1);
+      index_.add(entries_.back().name, entries_.size() - 1);
     } catch (...) {
       entries_.pop_back();
       throw;
     }
   }
 
-  /// The index, made by whichever search comes first; of two made at once the later one is thrown away.
-  const Index& made_index() const {
-    if (const Index* const made = index_.load(std::memory_order_acquire); made != nullptr) {
-      return *made;
-    }
-    auto fresh = std::make_unique<Index>();
-    for (std::size_t place = 0; place < entries_.size(); ++place) {
-      fresh->emplace(entries_[place].name, place);
-    }
-    Index* expected = nullptr;
-    if (index_.compare_exchange_strong(expected, fresh.get(), std::memory_order_acq_rel)) {
-      return *fresh.release();
-    }
-    return *expected;
-  }
-
   detail::EntryRow<Entry> entries_;
-  mutable std::atomic<Index*> index_{nullptr};
+  detail::PlaceIndex index_;
 };
 
 }  // namespace tool_binding

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
-#include <limits>
+#include <cstdint>
 #include <memory>
 #include <new>
 #include <span>
@@ -132,7 +131,7 @@ class EntryRow {
   template <class Other>
   friend class EntryRow;
   static constexpr std::size_t fewest = 4;
-  static constexpr std::size_t most = std::numeric_limits<std::ptrdiff_t>::max() / sizeof(Entry);
+  static constexpr std::size_t most = PTRDIFF_MAX / sizeof(Entry);
   static constexpr bool is_over_aligned = alignof(Entry) > __STDCPP_DEFAULT_NEW_ALIGNMENT__;
 
   /// Moves an entry into room that may be its own, and ends it.
@@ -156,7 +155,7 @@ class EntryRow {
   /// Makes the entry before the others are moved: it may be made of one of them.
   template <class... Parts>
   [[gnu::noinline]] void append_beyond_room(Parts&&... parts) {
-    EntryRow roomier(std::max(fewest, 2 * size_));
+    EntryRow roomier(2 * size_ < fewest ? fewest : 2 * size_);
     ::new (static_cast<void*>(roomier.entries_ + size_)) Entry(std::forward<Parts>(parts)...);
     move_to(roomier);
   }
