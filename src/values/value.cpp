@@ -25,9 +25,6 @@ constexpr std::size_t longest_shown = 60;
 /// The node as a cell keeps it: a pointer to its head.
 detail::Node* head(detail::Node* node) noexcept { return node; }
 
-/// Whether another cell refers to the node: if none does, its content can be moved.
-bool is_shared(const detail::Node& node) noexcept { return node.count.load(std::memory_order_acquire) != 1; }
-
 using Pair = std::pair<const Value*, const Value*>;
 
 bool is_container(const Value& value) noexcept { return value.is_list() || value.is_mapping(); }
@@ -122,8 +119,8 @@ std::vector<Value> Value::list() && {
   const Value taken = std::move(*this);
   auto& node = *static_cast<detail::ListNode*>(taken.cell_.node());
   const std::span items(node.items(), node.size);
-  return is_shared(node) ? std::vector<Value>(items.begin(), items.end())
-                         : std::vector<Value>(std::move_iterator(items.begin()), std::move_iterator(items.end()));
+  return node.is_shared() ? std::vector<Value>(items.begin(), items.end())
+                          : std::vector<Value>(std::move_iterator(items.begin()), std::move_iterator(items.end()));
 }
 
 const ArgumentMap& Value::mapping() const& {
@@ -135,7 +132,7 @@ ArgumentMap Value::mapping() && {
   require(is_mapping(), Kind::mapping);
   const Value taken = std::move(*this);
   auto& node = *static_cast<detail::MappingNode*>(taken.cell_.node());
-  return is_shared(node) ? node.entries : std::move(node.entries);
+  return node.is_shared() ? node.entries : std::move(node.entries);
 }
 
 bool operator==(const Value& left, const Value& right) {

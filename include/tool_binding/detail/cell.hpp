@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <atomic>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -50,29 +49,33 @@ inline constexpr std::size_t inline_text_size = 15;
 #endif
 }
 
-/// The head of every node. The count is the number of cells that refer to the node.
+/// The head of every node. The count is the number of cells that refer to the node, and is read and written atomically:
+/// by the compiler's own functions, because the header of std::atomic takes far longer to compile than this one.
 struct Node {
-  std::atomic<std::size_t> count{1};
+  std::size_t count = 1;
 
   void add_reference() noexcept {
     if (is_only_thread()) {
-      count.store(count.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
+      __atomic_store_n(&count, __atomic_load_n(&count, __ATOMIC_RELAXED) + 1, __ATOMIC_RELAXED);
     } else {
-      count.fetch_add(1, std::memory_order_relaxed);
+      __atomic_fetch_add(&count, 1, __ATOMIC_RELAXED);
     }
   }
 
   /// Returns whether that was the last one.
   [[nodiscard]] bool drop_reference() noexcept {
-    if (count.load(std::memory_order_acquire) == 1) {
+    if (!is_shared()) {
       return true;
     }
     if (is_only_thread()) {
-      count.store(count.load(std::memory_order_relaxed) - 1, std::memory_order_relaxed);
+      __atomic_store_n(&count, __atomic_load_n(&count, __ATOMIC_RELAXED) - 1, __ATOMIC_RELAXED);
       return false;
     }
-    return count.fetch_sub(1, std::memory_order_acq_rel) == 1;
+    return __atomic_fetch_sub(&count, 1, __ATOMIC_ACQ_REL) == 1;
   }
+
+  /// Whether another cell refers to the node: if none does, its content can be moved.
+  [[nodiscard]] bool is_shared() const noexcept { return __atomic_load_n(&count, __ATOMIC_ACQUIRE) != 1; }
 };
 
 /// A long text, or the canonical decimal digits of an integer beyond 64 bits: the bytes and a zero follow the head.
