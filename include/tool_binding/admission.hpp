@@ -73,7 +73,7 @@ class TOOL_BINDING_API Verdict {
   [[nodiscard]] bool is_admitted() const noexcept { return !has_problems_; }
 
   /// Notes and problems in the order in which they were found.
-  [[nodiscard]] std::span<const Finding> findings() const& noexcept TOOL_BINDING_LIFETIMEBOUND { return findings_; }
+  [[nodiscard]] std::span<const Finding> findings() const& noexcept TOOL_BINDING_LIFETIMEBOUND;
   [[nodiscard]] std::vector<Finding> findings() && noexcept { return std::move(findings_); }
 
   /// Whether the request named a parameter or an action by a synonym.

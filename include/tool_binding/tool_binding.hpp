@@ -44,7 +44,7 @@ class TOOL_BINDING_API NormalizedArguments {
   [[nodiscard]] ArgumentMap arguments() && noexcept { return std::move(arguments_); }
 
   /// A line for each change that the caller should know of, in the order of the request's arguments.
-  [[nodiscard]] std::span<const std::string> notes() const& noexcept TOOL_BINDING_LIFETIMEBOUND { return notes_; }
+  [[nodiscard]] std::span<const std::string> notes() const& noexcept TOOL_BINDING_LIFETIMEBOUND;
   [[nodiscard]] std::vector<std::string> notes() && noexcept { return std::move(notes_); }
 
   /// Whether the request named a parameter or an action by a synonym.

@@ -168,8 +168,8 @@ class TOOL_BINDING_API ToolTable {
   /// Adds a tool, or several in their order. Throws ValueError for a name that the table holds already or that occurs
   /// twice. Whatever is thrown, std::bad_alloc included, the table holds what it held. Not to be called once requests
   /// are answered.
-  void add(const ToolSpec& tool) { add(std::span(&tool, 1)); }
-  void add(ToolDeclaration tool) { add(ToolSpec(std::move(tool))); }
+  void add(const ToolSpec& tool);
+  void add(ToolDeclaration tool);
   void add(std::span<const ToolSpec> tools);
 
   /// The tool of that name. Throws UnknownToolError when there is none.

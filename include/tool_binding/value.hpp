@@ -99,7 +99,7 @@ class TOOL_BINDING_API Value {
   [[nodiscard]] static Value list(std::initializer_list<Value> items);
   [[nodiscard]] static Value mapping(std::initializer_list<ArgumentMap::Entry> entries);
   /// The same of items that are moved from, wherever they are.
-  [[nodiscard]] static Value list_of_moved(std::span<Value> items) { return Value(list_of(items)); }
+  [[nodiscard]] static Value list_of_moved(std::span<Value> items);
 
   Value(const Value&) noexcept = default;
   Value(const Value& other, detail::WithoutNodes known) noexcept : cell_(other.cell_, known) {}

@@ -46,6 +46,8 @@ Admission admit(const ToolSpec& tool, const ArgumentMap& arguments) {
   return admission;
 }
 
+std::span<const std::string> NormalizedArguments::notes() const& noexcept { return notes_; }
+
 struct detail::Refusal {
   ToolSpec tool;  ///< keeps the record that the findings refer to
   std::vector<Finding> findings;

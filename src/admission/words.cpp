@@ -224,6 +224,8 @@ Text joined_problems(std::span<const Finding> findings) {
   return joined.view();
 }
 
+std::span<const Finding> Verdict::findings() const& noexcept { return findings_; }
+
 std::vector<std::string> Verdict::messages(bool of_problems) const {
   std::vector<std::string> messages;
   messages.reserve(findings_.size());

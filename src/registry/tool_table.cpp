@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <deque>
 #include <string>
+#include <utility>
 
 #include "registry/name_index.hpp"
 #include "tool_binding/errors.hpp"
@@ -14,6 +15,10 @@ struct ToolTable::Content {
 };
 
 ToolTable::~ToolTable() { delete content_; }
+
+void ToolTable::add(const ToolSpec& tool) { add(std::span(&tool, 1)); }
+
+void ToolTable::add(ToolDeclaration tool) { add(ToolSpec(std::move(tool))); }
 
 void ToolTable::add(std::span<const ToolSpec> tools) {
   detail::NameIndex names;

@@ -97,6 +97,8 @@ detail::Cell Value::mapping_of(ArgumentMap&& entries) {
 
 Value Value::list(std::initializer_list<Value> items) { return std::vector<Value>(items); }
 
+Value Value::list_of_moved(std::span<Value> items) { return Value(list_of(items)); }
+
 Value Value::mapping(std::initializer_list<ArgumentMap::Entry> entries) { return ArgumentMap(entries); }
 
 void Value::throw_wrong_kind(Kind wanted) const {
