@@ -265,8 +265,9 @@ class OrderedMap {
   friend class OrderedMap;
 
   [[nodiscard]] std::size_t place_of(const Text& name) const {
-    return entries_.size() <= linear_search_limit ? linear_search(name) : index_.find(name, names());
+    return entries_.size() <= linear_search_limit ? linear_search(name) : indexed_search(name);
   }
+  [[nodiscard, gnu::noinline]] std::size_t indexed_search(const Text& name) const { return index_.find(name, names()); }
 
   [[nodiscard]] detail::HeldNames names() const noexcept { return {entries_.begin(), entries_.size(), name_at}; }
   static const Text& name_at(const void* entries, std::size_t place) {
