@@ -90,7 +90,8 @@ class TOOL_BINDING_API Value {
   template <detail::Named Range>
   Value(const Range& range) : Value(ArgumentMap(range)) {}  // NOLINT(google-explicit-constructor)
 
-  /// The value that `optional` holds, null where it holds none.
+  /// The value that `optional` holds, null where it holds none. A std::optional<Value> that is made of an optional of
+  /// another type holds such a value too: its null is not the lack of one.
   template <std::convertible_to<Value> Content>
   Value(const std::optional<Content>& optional)  // NOLINT(google-explicit-constructor)
       : Value(optional ? Value(*optional) : Value()) {}

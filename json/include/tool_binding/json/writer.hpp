@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tool_binding/detail/export.hpp"
+#include "tool_binding/detail/lifetime.hpp"
 #include "tool_binding/value.hpp"
 
 /// Values to JSON text (RFC 8259) on one line, as in {"tool": "search", "arguments": {"limit": 5}}.
@@ -31,7 +32,7 @@ class TOOL_BINDING_API Writer {
   Writer& operator=(const Writer&) = delete;
 
   /// What was written since the last `clear`, as long as nothing else is called.
-  [[nodiscard]] std::string_view text() const noexcept;
+  [[nodiscard]] std::string_view text() const noexcept TOOL_BINDING_LIFETIMEBOUND;
   void clear() noexcept;
 
   void write(const Value& value);
