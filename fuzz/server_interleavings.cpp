@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <unistd.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <condition_variable>
 #include <map>
@@ -96,9 +98,11 @@ std::string talk(const server::Server& server, const std::string& text) {
   });
   std::string answers;
   char bytes[4096];
-  for (ssize_t count = 0; (count = read(from_server[0], bytes, sizeof bytes)) > 0;) {
-    answers.append(bytes, static_cast<std::size_t>(count));
-  }
+  ssize_t count = 0;
+  do {
+    count = read(from_server[0], bytes, sizeof bytes);
+    answers.append(bytes, static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+  } while (count > 0 || (count < 0 && errno == EINTR));  // the fuzzer's own alarm interrupts it
   close(from_server[0]);
   return answers;
 }
