@@ -2,6 +2,7 @@
 #include "tool_binding/json/tool_list.hpp"
 
 #include <algorithm>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -168,29 +169,37 @@ void admit_request(const ToolDeclaration& declared, Choices& choices) {
   }
 }
 
+/// None for a text that is no list of tools.
+std::optional<ImportedTools> imported_from(std::string_view list, Undeclarable undeclarable) {
+  try {
+    return json::import_tools(list, undeclarable);
+  } catch (const json::ParseError&) {
+    return std::nullopt;
+  } catch (const ValueError&) {
+    return std::nullopt;
+  }
+}
+
 void check(Choices choices) {
   const std::string list = make_list(choices);
-  const auto undeclarable = choices.flag() ? Undeclarable::takes_text : Undeclarable::left_out;
-  try {
-    const ImportedTools imported = json::import_tools(list, undeclarable);
-    check_remarks(imported, list);
-    require(registry_errors(imported.entries).empty(), "what is imported has no errors", list);
-    if (imported.entries.empty()) {
-      return;
-    }
-    const std::string registry = written(imported.entries);
-    require(registry == written(json::RegistryFile(registry).entries()), "a registry that is written is read as it was",
-            list);
-    const ImportedTools again = advertised_and_imported(imported);
-    require(written(again.entries) == written(advertised_and_imported(again).entries),
-            "what tools say of themselves changes no more once it was imported", list);
-    for (const RegistryEntry& entry : imported.entries) {
-      admit_request(entry.tool, choices);
-    }
-  } catch (const json::ParseError&) {
+  const std::optional<ImportedTools> imported =
+      imported_from(list, choices.flag() ? Undeclarable::takes_text : Undeclarable::left_out);
+  if (!imported) {
     return;
-  } catch (const ValueError&) {
+  }
+  check_remarks(*imported, list);
+  require(registry_errors(imported->entries).empty(), "what is imported has no errors", list);
+  if (imported->entries.empty()) {
     return;
+  }
+  const std::string registry = written(imported->entries);
+  require(registry == written(json::RegistryFile(registry).entries()), "a registry that is written is read as it was",
+          list);
+  const ImportedTools again = advertised_and_imported(*imported);
+  require(written(again.entries) == written(advertised_and_imported(again).entries),
+          "what tools say of themselves changes no more once it was imported", list);
+  for (const RegistryEntry& entry : imported->entries) {
+    admit_request(entry.tool, choices);
   }
 }
 
