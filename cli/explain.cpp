@@ -64,12 +64,12 @@ ArgumentMap arguments_of(const Typed& request) {
 }
 
 /// The account of a request, and whether it is admitted.
-std::string explanation_of(const ToolSpec& tool, const ArgumentMap& arguments, const Handler& handler,
-                           const KeywordArguments& context, const report::TextStyle& style, ExitStatus& status) {
+std::string account_of(const ToolSpec& tool, const ArgumentMap& arguments, const Handler& handler,
+                       const KeywordArguments& context, const report::TextStyle& style, ExitStatus& status) {
   try {
     const Admission admission = admit(tool, arguments);
     status = admission.is_admitted() ? ExitStatus::answered : ExitStatus::refused;
-    return cli::explanation_of({tool, arguments, admission}, handler, context, style);
+    return explanation_of({tool, arguments, admission}, handler, context, style);
   } catch (const std::overflow_error& error) {
     status = ExitStatus::refused;
     return explanation_of_failure(tool, arguments, error.what(), style);
@@ -81,8 +81,8 @@ ExitStatus explain(const Typed& request) {
   const KeywordArguments context = load_context(request.files.context);
   const ToolSpec& tool = declared_tool(request.tool, request.files.registry);
   ExitStatus status = ExitStatus::answered;
-  print(explanation_of(tool, arguments_of(request), *handlers.find(tool.name()), context, output_style(request.colour),
-                       status));
+  print(account_of(tool, arguments_of(request), *handlers.find(tool.name()), context, output_style(request.colour),
+                   status));
   return status;
 }
 

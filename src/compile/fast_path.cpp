@@ -2,9 +2,11 @@
 #include "compile/fast_path.hpp"
 
 #include <algorithm>
+#include <optional>
 
 #include "text/lower_case.hpp"
 #include "text/white_space.hpp"
+#include "tool_binding/detail/numbers.hpp"
 
 namespace tool_binding::detail {
 
@@ -19,11 +21,10 @@ bool read_bound(const Value& bound, std::int64_t& number) {
 }
 
 bool read_bound(const Value& bound, double& number) {
-  constexpr std::int64_t every_integer_is_a_double = std::int64_t{1} << 53;
-  const std::int64_t small = bound.to_int64().value_or(every_integer_is_a_double + 1);
-  const bool exact = -every_integer_is_a_double <= small && small <= every_integer_is_a_double;
+  const std::optional<std::int64_t> small = bound.to_int64();
+  const bool exact = small && is_exact_double(*small);
   if (bound.is_floating() || exact) {
-    number = exact ? static_cast<double>(small) : bound.floating();
+    number = exact ? static_cast<double>(*small) : bound.floating();
   }
   return bound.is_null() || bound.is_floating() || exact;
 }

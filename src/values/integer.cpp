@@ -10,6 +10,7 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "tool_binding/detail/numbers.hpp"
 #include "tool_binding/detail/rounding.hpp"
 #include "tool_binding/errors.hpp"
 
@@ -42,8 +43,7 @@ std::strong_ordering compare_digits(std::string_view left, std::string_view righ
 }
 
 std::partial_ordering compare_small(std::int64_t left, double right) noexcept {
-  constexpr std::int64_t every_integer_is_a_double = std::int64_t{1} << std::numeric_limits<double>::digits;
-  if (-every_integer_is_a_double <= left && left <= every_integer_is_a_double) {
+  if (detail::is_exact_double(left)) {
     return static_cast<double>(left) <=> right;
   }
   if (right >= beyond_int64) {

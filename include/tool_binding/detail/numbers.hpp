@@ -2,6 +2,7 @@
 #pragma once
 
 #include <compare>
+#include <cstdint>
 
 #include "tool_binding/detail/assert.hpp"
 #include "tool_binding/value.hpp"
@@ -9,6 +10,16 @@
 namespace tool_binding {
 
 [[nodiscard]] inline bool is_number(const Value& value) noexcept { return value.is_integer() || value.is_floating(); }
+
+namespace detail {
+
+/// Whether `number`, and every integer nearer to zero, is a double.
+[[nodiscard]] constexpr bool is_exact_double(std::int64_t number) noexcept {
+  constexpr std::int64_t greatest = std::int64_t{1} << 53;
+  return -greatest <= number && number <= greatest;
+}
+
+}  // namespace detail
 
 /// Order by exact numeric value, neither side being rounded; unordered for a NaN. Precondition: both are numbers.
 [[nodiscard]] inline std::partial_ordering compare_numbers(const Value& left, const Value& right) {
